@@ -1,0 +1,20 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace ambrel {
+
+/// What this program was started from.
+class Bundle {
+public:
+    virtual ~Bundle() = default;
+
+    /// Absent for a bare binary.
+    [[nodiscard]] virtual std::optional<std::string> bundleIdentifier() const = 0;
+    /// The folder with the extension "app", or the executable's own folder for a bare binary.
+    [[nodiscard]] virtual std::filesystem::path bundleURL() const = 0;
+};
+
+} // namespace ambrel

@@ -1,0 +1,38 @@
+#pragma once
+
+namespace ambrel {
+
+class Accessibility;
+class ApplicationHost;
+class Bundle;
+class Clock;
+class Environment;
+class FileLocations;
+class MainQueue;
+class UserDefaults;
+class WindowServer;
+class Workspace;
+
+/// Everything the program asks of a desktop. Nothing above this seam knows which desktop it has.
+class Platform {
+public:
+    virtual ~Platform() = default;
+
+    [[nodiscard]] virtual Workspace& workspace() = 0;
+    [[nodiscard]] virtual Accessibility& accessibility() = 0;
+    [[nodiscard]] virtual WindowServer& windowServer() = 0;
+    [[nodiscard]] virtual UserDefaults& userDefaults() = 0;
+    [[nodiscard]] virtual Bundle& bundle() = 0;
+    [[nodiscard]] virtual FileLocations& fileLocations() = 0;
+    [[nodiscard]] virtual Environment& environment() = 0;
+    [[nodiscard]] virtual ApplicationHost& application() = 0;
+    [[nodiscard]] virtual MainQueue& mainQueue() = 0;
+    /// The real date, or the one of the simulated day.
+    [[nodiscard]] virtual const Clock& wallClock() const = 0;
+
+    /// The process's platform. `main` installs it before anything asks.
+    [[nodiscard]] static Platform& shared();
+    static void install(Platform& platform);
+};
+
+} // namespace ambrel

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Core/Signal.h"
+#include "Platform/RunningApplication.h"
+
+#include <vector>
+
+namespace ambrel {
+
+/// An installed application.
+struct InstalledApplication {
+    std::filesystem::path url; ///< what `openApplication` takes
+    std::string displayName;   ///< in the user's language
+};
+
+/// The running and installed applications of the user's session.
+class Workspace {
+public:
+    virtual ~Workspace() = default;
+
+    /// All applications, also those that aren't regular, in the order they came.
+    [[nodiscard]] virtual std::vector<RunningApplicationRef> runningApplications() const = 0;
+    /// Null when no application has this process id.
+    [[nodiscard]] virtual RunningApplicationRef runningApplication(ProcessId pid) const = 0;
+    /// Also finds other copies of this very program, which own no window.
+    [[nodiscard]] virtual std::vector<RunningApplicationRef>
+    runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) const = 0;
+    /// The application whose window has the focus; null when there is none.
+    [[nodiscard]] virtual RunningApplicationRef frontmostApplication() const = 0;
+    /// This process.
+    [[nodiscard]] virtual ProcessId currentProcessIdentifier() const = 0;
+
+    [[nodiscard]] virtual std::optional<InstalledApplication>
+    installedApplication(const std::string& bundleIdentifier) const = 0;
+
+    /// Starts or activates an application by its `url`. Nothing is reported back.
+    virtual void openApplication(const std::filesystem::path& url) = 0;
+
+    Signal<const RunningApplicationRef&> didLaunch;
+    Signal<const RunningApplicationRef&> didTerminate;
+    Signal<const RunningApplicationRef&> didHide;
+    Signal<const RunningApplicationRef&> didActivate;
+    Signal<const RunningApplicationRef&> didDeactivate;
+};
+
+} // namespace ambrel

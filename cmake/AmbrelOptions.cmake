@@ -1,0 +1,29 @@
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual)
+option(AMBREL_WERROR "Take warnings as errors" ON)
+if(AMBREL_WERROR)
+  add_compile_options(-Werror)
+endif()
+
+set(AMBREL_SANITIZE "" CACHE STRING "A sanitizer for everything: address,undefined or thread")
+if(AMBREL_SANITIZE)
+  add_compile_options(-fsanitize=${AMBREL_SANITIZE} -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${AMBREL_SANITIZE})
+endif()
+
+# One folder is one library; what stands behind it is the law of dependence.
+function(ambrel_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/Sources ${PROJECT_SOURCE_DIR}/Sources/Ambrel)
+  target_link_libraries(${name} PUBLIC ${ARG_LINK})
+endfunction()
