@@ -1,0 +1,132 @@
+#include "SampleApp.h"
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <cstdlib>
+#include <memory>
+#include <utility>
+
+#include <poll.h>
+#include <sys/signalfd.h>
+#include <unistd.h>
+
+namespace ambrel::sample {
+
+SampleApp::SampleApp(Options options) : options_(std::move(options)), output_(options_.timestamps) {
+    sigset_t set;
+    sigemptyset(&set);
+    sigaddset(&set, SIGTERM);
+    sigprocmask(SIG_BLOCK, &set, nullptr);
+    signals_ = signalfd(-1, &set, SFD_CLOEXEC);
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
+int SampleApp::run() {
+    if (!display_.isConnected()) {
+        output_.say("no display");
+        return 2;
+    }
+    for (const std::string& command : options_.commands) {
+        execute(command);
+    }
+    while (!finished_ && display_.isConnected()) {
+        readEvents();
+        std::array<pollfd, 3> sources{{{xcb_get_file_descriptor(display_.connection()), POLLIN, 0},
+                                       {signals_, POLLIN, 0},
+                                       {inputEnded_ ? -1 : STDIN_FILENO, POLLIN, 0}}};
+        poll(sources.data(), sources.size(), -1);
+        if (sources[1].revents != 0) {
+            readSignal();
+        }
+        if (sources[2].revents != 0) {
+            readInput();
+        }
+    }
+    return finished_ ? 0 : 3;
+}
+
+void SampleApp::readInput() {
+    std::array<char, 4096> block{};
+    const ssize_t count = read(STDIN_FILENO, block.data(), block.size());
+    inputEnded_ = count <= 0;
+    input_.append(block.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    for (std::size_t end = input_.find('\n'); end != std::string::npos; end = input_.find('\n')) {
+        const std::string line = input_.substr(0, end);
+        input_.erase(0, end + 1);
+        execute(line);
+    }
+}
+
+void SampleApp::readSignal() {
+    signalfd_siginfo info{};
+    if (read(signals_, &info, sizeof info) == static_cast<ssize_t>(sizeof info)) {
+        output_.say("sigterm");
+        finished_ = finished_ || !ignoresTerm_;
+    }
+}
+
+void SampleApp::readEvents() {
+    while (xcb_generic_event_t* const raw = xcb_poll_for_event(display_.connection())) {
+        const std::unique_ptr<xcb_generic_event_t, void (*)(void*)> event(raw, std::free);
+        handle(*event);
+    }
+}
+
+void SampleApp::handle(const xcb_generic_event_t& event) {
+    switch (event.response_type & 0x7f) {
+    case XCB_MAP_NOTIFY:
+        reportMapped(reinterpret_cast<const xcb_map_notify_event_t&>(event).window);
+        break;
+    case XCB_UNMAP_NOTIFY:
+        output_.say("window", reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window, "unmapped");
+        break;
+    case XCB_DESTROY_NOTIFY: {
+        const xcb_window_t gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
+        output_.say("window", gone, "destroyed");
+        std::erase_if(windows_, [gone](const auto& entry) { return entry.second.id == gone; });
+        break;
+    }
+    case XCB_CLIENT_MESSAGE: {
+        const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(event);
+        if (message.data.data32[0] == display_.atom("WM_DELETE_WINDOW")) {
+            deleteRequested(message.window);
+        }
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+void SampleApp::deleteRequested(xcb_window_t window) {
+    output_.say("delete-request", window);
+    switch (deleteAnswer_) {
+    case DeleteAnswer::destroy:
+        display_.destroy(window);
+        break;
+    case DeleteAnswer::confirm:
+        open("dialog", "confirm");
+        break;
+    case DeleteAnswer::ignore:
+        break;
+    }
+}
+
+void SampleApp::reportMapped(xcb_window_t window) {
+    if (Window* const known = find(window)) {
+        output_.say("window", window, std::exchange(known->shown, true) ? "mapped" : "open");
+    }
+}
+
+SampleApp::Window* SampleApp::find(xcb_window_t window) {
+    const auto found =
+        std::ranges::find_if(windows_, [window](const auto& entry) { return entry.second.id == window; });
+    return found == windows_.end() ? nullptr : &found->second;
+}
+
+xcb_window_t SampleApp::firstWindow() const {
+    return windows_.empty() ? static_cast<xcb_window_t>(XCB_NONE) : windows_.begin()->second.id;
+}
+
+} // namespace ambrel::sample

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "Options.h"
+#include "Output.h"
+#include "XDisplay.h"
+
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace ambrel::sample {
+
+/// What the application does when it is asked to close a window.
+enum class DeleteAnswer { destroy, ignore, confirm };
+
+/// An application whose windows and manners are driven by lines of text. It lives on without windows; only SIGTERM,
+/// "exit" or the end of its display end it.
+class SampleApp {
+public:
+    explicit SampleApp(Options options);
+
+    /// The exit status.
+    [[nodiscard]] int run();
+
+private:
+    /// A window's number counts the windows opened so far, from 1, and is never given again.
+    struct Window {
+        xcb_window_t id = XCB_NONE;
+        bool shown = false;
+    };
+
+    void execute(std::string_view line);
+    void executeOnWindow(std::string_view verb, Window& window, std::string_view rest);
+    void open(std::string_view verb, std::string_view arguments);
+    void storm(int count);
+    void forkChild();
+
+    void readInput();
+    void readSignal();
+    void readEvents();
+    void handle(const xcb_generic_event_t& event);
+    void deleteRequested(xcb_window_t window);
+    void reportMapped(xcb_window_t window);
+    [[nodiscard]] Window* find(xcb_window_t window);
+    [[nodiscard]] xcb_window_t firstWindow() const;
+
+    Options options_;
+    Output output_;
+    XDisplay display_;
+    std::map<int, Window> windows_;
+    int opened_ = 0;
+    std::string input_;
+    DeleteAnswer deleteAnswer_ = DeleteAnswer::destroy;
+    bool ignoresTerm_ = false;
+    bool inputEnded_ = false;
+    bool finished_ = false;
+    int signals_ = -1;
+};
+
+} // namespace ambrel::sample

@@ -1,0 +1,155 @@
+#include "SampleApp.h"
+
+#include <charconv>
+#include <csignal>
+#include <cstdlib>
+#include <utility>
+
+#include <unistd.h>
+
+namespace ambrel::sample {
+
+namespace {
+
+/// The first word, and what follows it.
+std::pair<std::string_view, std::string_view> splitWord(std::string_view text) {
+    const std::size_t end = text.find(' ');
+    return end == std::string_view::npos ? std::pair(text, std::string_view())
+                                         : std::pair(text.substr(0, end), text.substr(end + 1));
+}
+
+/// 0 for what isn't a number.
+int number(std::string_view text) {
+    int value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    return error == std::errc() && end == text.data() + text.size() ? value : 0;
+}
+
+bool takeSize(std::string_view word, WindowRequest& request) {
+    const std::size_t cross = word.find('x');
+    if (cross == std::string_view::npos) {
+        return false;
+    }
+    const int width = number(word.substr(0, cross));
+    const int height = number(word.substr(cross + 1));
+    if (width <= 0 || height <= 0) {
+        return false;
+    }
+    request.width = static_cast<std::uint16_t>(width);
+    request.height = static_cast<std::uint16_t>(height);
+    return true;
+}
+
+std::string windowType(std::string_view verb) {
+    if (verb == "dialog") {
+        return "_NET_WM_WINDOW_TYPE_DIALOG";
+    }
+    if (verb == "utility") {
+        return "_NET_WM_WINDOW_TYPE_UTILITY";
+    }
+    return verb == "dock" ? "_NET_WM_WINDOW_TYPE_DOCK" : "_NET_WM_WINDOW_TYPE_NORMAL";
+}
+
+} // namespace
+
+void SampleApp::execute(std::string_view line) {
+    const auto [verb, rest] = splitWord(line);
+    if (verb == "open" || verb == "dialog" || verb == "utility" || verb == "dock" || verb == "transient") {
+        open(verb, rest);
+    } else if (verb == "ignore-term") {
+        ignoresTerm_ = true;
+    } else if (verb == "ignore-delete") {
+        deleteAnswer_ = DeleteAnswer::ignore;
+    } else if (verb == "confirm-on-delete") {
+        deleteAnswer_ = DeleteAnswer::confirm;
+    } else if (verb == "storm") {
+        storm(number(rest));
+    } else if (verb == "watch") {
+        display_.watch(static_cast<xcb_window_t>(std::strtoul(std::string(rest).c_str(), nullptr, 0)));
+        display_.roundTrip();
+        output_.say("watching");
+    } else if (verb == "roundtrip") {
+        output_.say("sent");
+        display_.roundTrip();
+        output_.say("answered");
+    } else if (verb == "fork") {
+        forkChild();
+    } else if (verb == "freeze") {
+        output_.say("frozen");
+        raise(SIGSTOP);
+    } else if (verb == "exit") {
+        finished_ = true;
+    } else {
+        const auto [which, argument] = splitWord(rest);
+        const auto window = windows_.find(number(which));
+        if (window == windows_.end()) {
+            output_.say("unknown: " + std::string(line));
+            return;
+        }
+        executeOnWindow(verb, window->second, argument);
+    }
+}
+
+void SampleApp::executeOnWindow(std::string_view verb, Window& window, std::string_view rest) {
+    if (verb == "close") {
+        display_.requestClose(window.id);
+    } else if (verb == "destroy") {
+        output_.say("destroying", window.id);
+        display_.destroy(window.id);
+    } else if (verb == "withdraw") {
+        display_.withdraw(window.id);
+    } else if (verb == "map") {
+        display_.map(window.id);
+    } else if (verb == "minimise") {
+        display_.minimise(window.id);
+    } else if (verb == "title") {
+        display_.setTitle(window.id, rest);
+    } else {
+        output_.say("unknown: " + std::string(verb));
+    }
+}
+
+void SampleApp::open(std::string_view verb, std::string_view arguments) {
+    WindowRequest request;
+    request.type = windowType(verb);
+    const auto [size, title] = splitWord(arguments);
+    const std::string_view rest = takeSize(size, request) ? title : arguments;
+    if (!rest.empty()) {
+        request.title = rest;
+    }
+    if (verb == "dialog" || verb == "transient") {
+        request.transientFor = firstWindow();
+    }
+    const xcb_window_t window = display_.create(request, options_);
+    windows_[++opened_] = {window, false};
+    display_.map(window);
+}
+
+void SampleApp::storm(int count) {
+    for (int i = 0; i < count; ++i) {
+        const xcb_window_t window = display_.create({}, options_);
+        display_.map(window);
+        display_.destroy(window);
+    }
+    display_.roundTrip();
+    output_.say("storm over");
+}
+
+void SampleApp::forkChild() {
+    const pid_t child = fork();
+    if (child == 0) {
+        // Neither the display's socket nor the pipes may live on in here: the windows of a dead parent would stay.
+        for (const int inherited : {xcb_get_file_descriptor(display_.connection()), STDIN_FILENO, STDOUT_FILENO}) {
+            close(inherited);
+        }
+        sigset_t all;
+        sigfillset(&all);
+        sigprocmask(SIG_UNBLOCK, &all, nullptr);
+        for (;;) {
+            pause();
+        }
+    }
+    output_.say("child " + std::to_string(child));
+}
+
+} // namespace ambrel::sample

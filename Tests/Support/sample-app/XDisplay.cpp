@@ -1,0 +1,121 @@
+#include "XDisplay.h"
+
+#include <cstdlib>
+
+namespace ambrel::sample {
+
+namespace {
+constexpr std::uint32_t iconicState = 3;
+constexpr std::uint32_t redirectMask = XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+
+template <typename Reply> auto owned(Reply* reply) {
+    return std::unique_ptr<Reply, void (*)(void*)>(reply, std::free);
+}
+} // namespace
+
+XDisplay::XDisplay() : connection_(xcb_connect(nullptr, nullptr), xcb_disconnect) {
+    if (isConnected()) {
+        root_ = xcb_setup_roots_iterator(xcb_get_setup(connection())).data->root;
+    }
+}
+
+bool XDisplay::isConnected() const {
+    return xcb_connection_has_error(connection()) == 0;
+}
+
+xcb_atom_t XDisplay::atom(const std::string& name) {
+    if (const auto known = atoms_.find(name); known != atoms_.end()) {
+        return known->second;
+    }
+    const auto cookie = xcb_intern_atom(connection(), 0, static_cast<std::uint16_t>(name.size()), name.c_str());
+    const auto reply = owned(xcb_intern_atom_reply(connection(), cookie, nullptr));
+    return atoms_[name] = reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+}
+
+xcb_window_t XDisplay::create(const WindowRequest& request, const Options& options) {
+    const xcb_window_t window = xcb_generate_id(connection());
+    const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_create_window(connection(), XCB_COPY_FROM_PARENT, window, root_, 0, 0, request.width, request.height, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);
+    setTitle(window, request.title);
+    setText(window, "WM_CLASS", XCB_ATOM_STRING, options.instance + '\0' + options.className + '\0');
+    setText(window, "WM_CLIENT_MACHINE", XCB_ATOM_STRING, options.machine);
+    setNumber(window, "WM_PROTOCOLS", XCB_ATOM_ATOM, atom("WM_DELETE_WINDOW"));
+    setNumber(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, atom(request.type));
+    if (options.pid) {
+        setNumber(window, "_NET_WM_PID", XCB_ATOM_CARDINAL, static_cast<std::uint32_t>(*options.pid));
+    }
+    if (!options.gtkApplicationID.empty()) {
+        setText(window, "_GTK_APPLICATION_ID", atom("UTF8_STRING"), options.gtkApplicationID);
+    }
+    if (request.transientFor != XCB_NONE) {
+        setNumber(window, "WM_TRANSIENT_FOR", XCB_ATOM_WINDOW, request.transientFor);
+    }
+    return window;
+}
+
+void XDisplay::map(xcb_window_t window) {
+    xcb_map_window(connection(), window);
+    xcb_flush(connection());
+}
+
+void XDisplay::destroy(xcb_window_t window) {
+    xcb_destroy_window(connection(), window);
+    xcb_flush(connection());
+}
+
+void XDisplay::withdraw(xcb_window_t window) {
+    xcb_unmap_window(connection(), window);
+    xcb_unmap_notify_event_t event{};
+    event.response_type = XCB_UNMAP_NOTIFY;
+    event.event = root_;
+    event.window = window;
+    xcb_send_event(connection(), 0, root_, redirectMask, reinterpret_cast<const char*>(&event));
+    xcb_flush(connection());
+}
+
+void XDisplay::minimise(xcb_window_t window) {
+    sendToRoot(window, "WM_CHANGE_STATE", iconicState);
+}
+
+void XDisplay::requestClose(xcb_window_t window) {
+    sendToRoot(window, "_NET_CLOSE_WINDOW", XCB_CURRENT_TIME);
+}
+
+void XDisplay::setTitle(xcb_window_t window, std::string_view title) {
+    setText(window, "WM_NAME", XCB_ATOM_STRING, title);
+    setText(window, "_NET_WM_NAME", atom("UTF8_STRING"), title);
+    xcb_flush(connection());
+}
+
+void XDisplay::watch(xcb_window_t window) {
+    const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_change_window_attributes(connection(), window, XCB_CW_EVENT_MASK, &events);
+    xcb_flush(connection());
+}
+
+void XDisplay::roundTrip() {
+    owned(xcb_get_input_focus_reply(connection(), xcb_get_input_focus(connection()), nullptr));
+}
+
+void XDisplay::setText(xcb_window_t window, const std::string& property, xcb_atom_t type, std::string_view text) {
+    xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, window, atom(property), type, 8,
+                        static_cast<std::uint32_t>(text.size()), text.data());
+}
+
+void XDisplay::setNumber(xcb_window_t window, const std::string& property, xcb_atom_t type, std::uint32_t value) {
+    xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, window, atom(property), type, 32, 1, &value);
+}
+
+void XDisplay::sendToRoot(xcb_window_t window, const std::string& message, std::uint32_t first) {
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = atom(message);
+    event.data.data32[0] = first;
+    xcb_send_event(connection(), 0, root_, redirectMask, reinterpret_cast<const char*>(&event));
+    xcb_flush(connection());
+}
+
+} // namespace ambrel::sample

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Options.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <xcb/xcb.h>
+
+namespace ambrel::sample {
+
+/// What a new window says about itself.
+struct WindowRequest {
+    std::uint16_t width = 300;
+    std::uint16_t height = 200;
+    std::string title = "sample";
+    std::string type = "_NET_WM_WINDOW_TYPE_NORMAL";
+    xcb_window_t transientFor = XCB_NONE;
+};
+
+/// The X requests the application needs, each sent at once.
+class XDisplay {
+public:
+    XDisplay();
+
+    [[nodiscard]] bool isConnected() const;
+    [[nodiscard]] xcb_connection_t* connection() const { return connection_.get(); }
+    [[nodiscard]] xcb_atom_t atom(const std::string& name);
+
+    /// Created with all its properties, not yet mapped.
+    [[nodiscard]] xcb_window_t create(const WindowRequest& request, const Options& options);
+    void map(xcb_window_t window);
+    void destroy(xcb_window_t window);
+    /// Unmapped as ICCCM 4.1.4 wants it, so that a window manager lets go of the window.
+    void withdraw(xcb_window_t window);
+    void minimise(xcb_window_t window);
+    /// Asks the window manager to close the window, as a pager would.
+    void requestClose(xcb_window_t window);
+    void setTitle(xcb_window_t window, std::string_view title);
+    /// DestroyNotify of another client's window will be reported here.
+    void watch(xcb_window_t window);
+    /// Returns once the server has answered.
+    void roundTrip();
+
+private:
+    void setText(xcb_window_t window, const std::string& property, xcb_atom_t type, std::string_view text);
+    void setNumber(xcb_window_t window, const std::string& property, xcb_atom_t type, std::uint32_t value);
+    void sendToRoot(xcb_window_t window, const std::string& message, std::uint32_t first);
+
+    std::unique_ptr<xcb_connection_t, void (*)(xcb_connection_t*)> connection_;
+    xcb_window_t root_ = XCB_NONE;
+    std::map<std::string, xcb_atom_t> atoms_;
+};
+
+} // namespace ambrel::sample

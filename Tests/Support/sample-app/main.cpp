@@ -1,0 +1,18 @@
+#include "SampleApp.h"
+
+#include <cstdio>
+
+int main(int argc, char** argv) {
+    const auto options = ambrel::sample::parseOptions({argv + 1, argv + argc});
+    if (!options) {
+        std::fputs("usage: ambrel-sample [--class INSTANCE CLASS] [--pid N | --no-pid] [--machine NAME] [--gtk-id ID]\n"
+                   "                     [--timestamps] [COMMAND...]\n"
+                   "Commands, as arguments and then as lines on standard input (N counts windows from 1):\n"
+                   "  open|dialog|utility|dock|transient [WIDTHxHEIGHT] [TITLE]   storm COUNT\n"
+                   "  close|destroy|withdraw|map|minimise N   title N TEXT   watch WINDOW   roundtrip\n"
+                   "  ignore-term   ignore-delete   confirm-on-delete   fork   freeze   exit\n",
+                   stderr);
+        return 64;
+    }
+    return ambrel::sample::SampleApp(*options).run();
+}
