@@ -1,0 +1,18 @@
+#pragma once
+
+#include "Platform/Bundle.h"
+
+namespace ambrel::simulated {
+
+class SimulatedBundle final : public Bundle {
+public:
+    explicit SimulatedBundle(std::filesystem::path folder) : url(std::move(folder)) {}
+
+    [[nodiscard]] std::optional<std::string> bundleIdentifier() const override { return identifier; }
+    [[nodiscard]] std::filesystem::path bundleURL() const override { return url; }
+
+    std::optional<std::string> identifier = "app.ambrel.Ambrel"; ///< absent makes it a bare binary
+    std::filesystem::path url;
+};
+
+} // namespace ambrel::simulated

@@ -1,0 +1,9 @@
+#include "Platform/Simulated/SimulatedPlatform.h"
+
+namespace ambrel::simulated {
+
+SimulatedPlatform::SimulatedPlatform(const std::filesystem::path& home)
+    : workspace_(queue_, home), accessibility_(workspace_), windowServer_(workspace_), bundle_(home / "Ambrel.app"),
+      fileLocations_(home), application_(queue_) {}
+
+} // namespace ambrel::simulated

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "Platform/Platform.h"
+#include "Platform/Simulated/SimulatedAccessibility.h"
+#include "Platform/Simulated/SimulatedApplicationHost.h"
+#include "Platform/Simulated/SimulatedBundle.h"
+#include "Platform/Simulated/SimulatedEnvironment.h"
+#include "Platform/Simulated/SimulatedFileLocations.h"
+#include "Platform/Simulated/SimulatedUserDefaults.h"
+#include "Platform/Simulated/SimulatedWindowServer.h"
+#include "Platform/Simulated/SimulatedWorkspace.h"
+#include "Platform/Simulated/VirtualMainQueue.h"
+
+namespace ambrel::simulated {
+
+/// A whole desktop in memory, under a virtual clock. Nothing happens on it but what a test makes happen.
+class SimulatedPlatform final : public Platform {
+public:
+    /// Files lie in the folders `config` and `state` of `home`; they are the only thing that isn't simulated.
+    explicit SimulatedPlatform(const std::filesystem::path& home);
+
+    [[nodiscard]] SimulatedWorkspace& workspace() override { return workspace_; }
+    [[nodiscard]] SimulatedAccessibility& accessibility() override { return accessibility_; }
+    [[nodiscard]] SimulatedWindowServer& windowServer() override { return windowServer_; }
+    [[nodiscard]] SimulatedUserDefaults& userDefaults() override { return userDefaults_; }
+    [[nodiscard]] SimulatedBundle& bundle() override { return bundle_; }
+    [[nodiscard]] SimulatedFileLocations& fileLocations() override { return fileLocations_; }
+    [[nodiscard]] SimulatedEnvironment& environment() override { return environment_; }
+    [[nodiscard]] SimulatedApplicationHost& application() override { return application_; }
+    [[nodiscard]] VirtualMainQueue& mainQueue() override { return queue_; }
+    [[nodiscard]] const Clock& wallClock() const override { return queue_.wallClock(); }
+
+    /// Shorthands for what tests do all the time.
+    SimulatedApplication& launch(std::optional<std::string> bundleIdentifier, const std::string& name,
+                                 const LaunchOptions& options = {}) {
+        return workspace_.launch(std::move(bundleIdentifier), name, options);
+    }
+    void advance(double seconds) { queue_.advance(Seconds(seconds)); }
+    void settle() { queue_.settle(); }
+    [[nodiscard]] const RequestLog& requests() const { return workspace_.requests; }
+
+private:
+    VirtualMainQueue queue_;
+    SimulatedWorkspace workspace_;
+    SimulatedAccessibility accessibility_;
+    SimulatedWindowServer windowServer_;
+    SimulatedUserDefaults userDefaults_;
+    SimulatedBundle bundle_;
+    SimulatedFileLocations fileLocations_;
+    SimulatedEnvironment environment_;
+    SimulatedApplicationHost application_;
+};
+
+} // namespace ambrel::simulated
