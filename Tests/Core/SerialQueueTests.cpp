@@ -1,0 +1,54 @@
+#include "Core/SerialQueue.h"
+
+#include <algorithm>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace ambrel {
+namespace {
+
+TEST(SerialQueue, RunsEverythingInOrderAlsoWhenItEndsAtOnce) {
+    std::vector<int> ran;
+    {
+        SerialQueue queue("app.ambrel.Ambrel.test");
+        for (int i = 0; i < 1000; ++i) {
+            queue.async([&ran, i] { ran.push_back(i); });
+        }
+    }
+    ASSERT_EQ(ran.size(), 1000U);
+    EXPECT_TRUE(std::is_sorted(ran.begin(), ran.end()));
+}
+
+TEST(SerialQueue, DrainWaitsForWorkThatRunsAndForWorkThatItQueues) {
+    SerialQueue queue("test");
+    queue.drain();
+    bool finished = false;
+    queue.async([&] {
+        queue.async([&] { finished = true; });
+        std::this_thread::yield();
+    });
+    queue.drain();
+    EXPECT_TRUE(finished);
+}
+
+TEST(SerialQueue, ManyThreadsMaySubmit) {
+    SerialQueue queue("test");
+    int sum = 0;
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back([&] {
+            for (int n = 0; n < 250; ++n) {
+                queue.async([&sum] { ++sum; });
+            }
+        });
+    }
+    for (auto& thread : threads) {
+        thread.join();
+    }
+    queue.drain();
+    EXPECT_EQ(sum, 1000);
+}
+
+} // namespace
+} // namespace ambrel
