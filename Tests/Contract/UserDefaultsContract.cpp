@@ -1,0 +1,74 @@
+#include "Contract/ContractTest.h"
+#include "Platform/UserDefaults.h"
+
+namespace ambrel {
+namespace {
+
+using Strings = std::vector<std::string>;
+
+class UserDefaultsContract : public ContractTest {
+protected:
+    UserDefaults& defaults = platform.userDefaults();
+    /// A fresh suite, as a desktop keeps its files from one test to the next.
+    DefaultsSuiteRef suite = defaults.suite(name());
+
+    static std::string name() {
+        return std::string("org.example.contract.") + ::testing::UnitTest::GetInstance()->current_test_info()->name();
+    }
+};
+
+TEST_F(UserDefaultsContract, AnAbsentKeyIsAbsentFalseZeroOrEmpty) {
+    EXPECT_EQ(suite->object("key"), std::nullopt);
+    EXPECT_FALSE(suite->boolForKey("key"));
+    EXPECT_EQ(suite->doubleForKey("key"), 0);
+    EXPECT_EQ(suite->stringArrayForKey("key"), Strings());
+}
+
+TEST_F(UserDefaultsContract, EachTypeIsKeptAsItIs) {
+    const DefaultsValue values[] = {true,          false,
+                                    0.0,           1.0,
+                                    -0.1,          12.75,
+                                    std::string(), std::string("caf\u00e9 \"x\"\n"),
+                                    Strings{},     Strings{"", "b", "a", "b"}};
+    for (const auto& value : values) {
+        suite->set("key", value);
+        EXPECT_EQ(suite->object("key"), value) << value.index();
+        EXPECT_EQ(defaults.suite(name())->object("key"), value) << "another handle sees it at once";
+    }
+}
+
+TEST_F(UserDefaultsContract, RegisteredValuesStandInForAbsentOnesAndForThoseOfAnotherType) {
+    suite->registerDefaults({{"flag", true}, {"delay", 0.5}, {"list", Strings{"a"}}});
+    EXPECT_EQ(suite->object("flag"), DefaultsValue(true));
+    EXPECT_TRUE(suite->boolForKey("flag"));
+    suite->set("flag", std::string("yes"));
+    suite->set("delay", true);
+    suite->set("list", std::string("a"));
+    EXPECT_TRUE(suite->boolForKey("flag"));
+    EXPECT_EQ(suite->doubleForKey("delay"), 0.5);
+    EXPECT_EQ(suite->stringArrayForKey("list"), Strings{"a"});
+    EXPECT_EQ(suite->object("flag"), DefaultsValue(std::string("yes"))) << "untyped, the stored value shows";
+
+    suite->set("flag", false);
+    suite->set("delay", -1.0);
+    EXPECT_FALSE(suite->boolForKey("flag"));
+    EXPECT_EQ(suite->doubleForKey("delay"), -1);
+    suite->set("unregistered", 1.0);
+    EXPECT_FALSE(suite->boolForKey("unregistered"));
+
+    suite->registerDefaults({{"later", true}});
+    EXPECT_EQ(suite->stringArrayForKey("list"), Strings{"a"}) << "a second registration adds to the first";
+    EXPECT_TRUE(suite->boolForKey("later"));
+}
+
+TEST_F(UserDefaultsContract, SuitesAreApartFromEachOtherAndFromTheStandardDefaults) {
+    suite->set(name(), true);
+    EXPECT_EQ(defaults.suite(name() + ".other")->object(name()), std::nullopt);
+    ASSERT_NE(defaults.standard(), nullptr);
+    EXPECT_EQ(defaults.standard()->object(name()), std::nullopt);
+    defaults.standard()->set("contract", 2.0);
+    EXPECT_EQ(defaults.standard()->doubleForKey("contract"), 2);
+}
+
+} // namespace
+} // namespace ambrel
