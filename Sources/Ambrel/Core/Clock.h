@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 
 namespace ambrel {
 
@@ -9,6 +10,9 @@ using Seconds = std::chrono::duration<double>;
 
 /// A moment of the wall clock, in seconds since 1 January 1970 UTC.
 using Date = std::chrono::time_point<std::chrono::system_clock, Seconds>;
+
+/// The seconds of a date without their fraction; 0 where they are undefined or beyond 64 bits.
+[[nodiscard]] std::int64_t wholeSeconds(Date date);
 
 class Clock {
 public:

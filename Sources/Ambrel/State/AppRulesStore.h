@@ -5,14 +5,17 @@
 
 #include <filesystem>
 #include <optional>
+#include <set>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace ambrel {
 
 class Clock;
 class Platform;
-struct FileFailure;
+class Workspace;
 
 /// Owns the rules and the default rule, and writes `rules.json` after every change. A file that it can't read is
 /// moved aside; if that fails too, nothing is written for the rest of the run. Main thread only.
@@ -41,8 +44,9 @@ public:
     /// Rules of the system stay.
     void remove(const Uuid& id);
 
-    /// The locked rules of the system's components and of Ambrel itself, built afresh.
-    [[nodiscard]] std::vector<AppRule> systemDefaultRules() const;
+    /// The locked rules of the system's components and of Ambrel itself, built afresh with the names that the
+    /// applications have in `workspace`.
+    [[nodiscard]] static std::vector<AppRule> systemDefaultRules(const Workspace& workspace);
 
     /// Announces each change before it is made.
     Signal<> willChange;
@@ -57,14 +61,17 @@ private:
     void seedSystemDefaults();
     void migrateFromExcludeListIfNeeded();
     void seedProtectionDefaults();
+    /// Extends `applied` by all that is dealt with, and returns what rules were made for.
+    std::vector<std::string> seed(std::span<const std::string_view> identifiers, bool quitOnLastWindowClose,
+                                  std::set<std::string>& applied);
     void normalizeDefaultRule();
     void resetAllIdleBehaviorOnceForSafety();
-    [[nodiscard]] bool hasRule(const std::string& bundleIdentifier) const;
+    [[nodiscard]] bool hasRule(std::string_view bundleIdentifier) const;
 
     Platform* platform_ = nullptr;
     const Clock* clock_ = nullptr;
     std::vector<AppRule> rules_;
-    AppRule defaultRule_;
+    AppRule defaultRule_ = AppRule::initialDefaultRule();
     std::filesystem::path fileURL_;
     bool saveSuppressedByCorruptFile_ = false;
 };

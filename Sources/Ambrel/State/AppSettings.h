@@ -3,6 +3,7 @@
 #include "Core/Observable.h"
 #include "Platform/UserDefaults.h"
 
+#include <array>
 #include <set>
 #include <string>
 #include <vector>
@@ -39,6 +40,10 @@ public:
     [[nodiscard]] static AppSettings& shared();
 
     AppSettings(DefaultsSuiteRef defaults, const Bundle& bundle);
+    AppSettings(const AppSettings&) = delete;
+    AppSettings& operator=(const AppSettings&) = delete;
+
+    static constexpr std::array<const char*, 1> systemDefaultExcludedBundleIDs{"com.apple.finder"};
 
 private:
     DefaultsSuiteRef defaults_;
@@ -67,7 +72,6 @@ public:
     Signal<> willChange;
 
 private:
-    static void registerDefaults(DefaultsSuite& defaults);
     std::vector<Subscription> announcements_;
 };
 
