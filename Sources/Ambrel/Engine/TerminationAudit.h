@@ -1,13 +1,12 @@
 #pragma once
 
 #include "Core/SerialQueue.h"
-#include "Core/Uuid.h"
 #include "Platform/RunningApplication.h"
 
 #include <filesystem>
+#include <mutex>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace ambrel {
 
@@ -47,10 +46,11 @@ public:
     void drain();
 
 private:
-    Platform& platform_;
     const Clock& clock_;
     std::string instanceTag_;
+    std::filesystem::path customFile_; ///< empty for the default place
     std::filesystem::path fileURL_;
+    std::once_flag madeDefaultFile_; ///< by the first asker, here or on the queue
     SerialQueue queue_{"app.ambrel.Ambrel.termaudit"};
 };
 
