@@ -31,7 +31,11 @@ TEST_F(WindowServerContract, LeavesOutWhatIsNotOnTheScreen) {
     EXPECT_TRUE(awaitOnScreen(0));
     sample->restore(1);
     EXPECT_TRUE(awaitOnScreen(1));
+    const auto second = sample->openWindow();
+    EXPECT_TRUE(awaitOnScreen(2));
     sample->withdraw(1);
+    EXPECT_TRUE(awaitOnScreen(1));
+    sample->close(second);
     EXPECT_TRUE(awaitOnScreen(0));
     sample->map(1);
     EXPECT_TRUE(awaitOnScreen(1));

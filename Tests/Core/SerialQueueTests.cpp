@@ -1,6 +1,8 @@
 #include "Core/SerialQueue.h"
 
 #include <algorithm>
+#include <atomic>
+#include <latch>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -23,11 +25,16 @@ TEST(SerialQueue, RunsEverythingInOrderAlsoWhenItEndsAtOnce) {
 TEST(SerialQueue, DrainWaitsForWorkThatRunsAndForWorkThatItQueues) {
     SerialQueue queue("test");
     queue.drain();
-    bool finished = false;
+    std::latch started(1);
+    std::atomic finished = false;
     queue.async([&] {
+        started.count_down();
+        for (int turn = 0; turn < 1000; ++turn) {
+            std::this_thread::yield();
+        }
         queue.async([&] { finished = true; });
-        std::this_thread::yield();
     });
+    started.wait();
     queue.drain();
     EXPECT_TRUE(finished);
 }

@@ -94,6 +94,21 @@ TEST_F(SimulatedPlatformTests, OnlyWhatStaysOutOfSightForAQuarterOfASecondIsHidd
     EXPECT_TRUE(app.isHidden());
 }
 
+TEST_F(SimulatedPlatformTests, TheFocusFallsToTheLatestApplicationWithAWindowOnTheScreen) {
+    auto& editor = desktop.launch("org.example.Editor", "Editor");
+    editor.openWindow();
+    auto& player = desktop.launch("org.example.Player", "Player");
+    const auto window = player.openWindow();
+    auto& agent = desktop.launch("org.example.Agent", "Agent");
+    agent.activate();
+    agent.crash();
+    EXPECT_EQ(desktop.workspace().frontmostApplication().get(), &player);
+    player.minimise(window);
+    EXPECT_EQ(desktop.workspace().frontmostApplication().get(), &editor);
+    editor.hideItself();
+    EXPECT_EQ(desktop.workspace().frontmostApplication(), nullptr);
+}
+
 TEST_F(SimulatedPlatformTests, TenTenthsOfASecondAreASecond) {
     bool ran = false;
     desktop.mainQueue().asyncAfter(Seconds(1), [&] { ran = true; });
