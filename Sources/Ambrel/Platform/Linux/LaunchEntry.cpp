@@ -1,0 +1,43 @@
+#include "Platform/Linux/LaunchEntry.h"
+
+#include "Core/Logger.h"
+
+#include <string>
+
+#include <gio/gdesktopappinfo.h>
+#include <gio/gio.h>
+
+namespace ambrel {
+
+namespace {
+
+constexpr Logger logger("launch");
+
+void logFailure(std::string_view entry, std::string_view why) {
+    logger.error("could not open {}: {}", entry, why);
+}
+
+void launched(GObject* source, GAsyncResult* result, gpointer) {
+    GError* error = nullptr;
+    if (g_app_info_launch_uris_finish(G_APP_INFO(source), result, &error) == FALSE) {
+        logFailure(g_desktop_app_info_get_filename(G_DESKTOP_APP_INFO(source)),
+                   error != nullptr ? error->message : "unknown reason");
+        g_clear_error(&error);
+    }
+}
+
+} // namespace
+
+void launchEntry(const std::filesystem::path& entry) {
+    GDesktopAppInfo* const info = g_desktop_app_info_new_from_filename(entry.c_str());
+    if (info == nullptr) {
+        logFailure(entry.string(), "not a desktop entry of an installed application");
+        return;
+    }
+    GAppLaunchContext* const context = g_app_launch_context_new();
+    g_app_info_launch_uris_async(G_APP_INFO(info), nullptr, context, nullptr, launched, nullptr);
+    g_object_unref(context);
+    g_object_unref(info);
+}
+
+} // namespace ambrel
