@@ -1,0 +1,88 @@
+"""Ambrel's own beginning and end, and those of the desktop below it."""
+import os
+import re
+import signal
+import subprocess
+
+import desktop_test
+import windows
+from ambrel import Ambrel
+from desktop_test import DesktopTest
+from programs import wait_until
+
+
+class Lifecycle(DesktopTest):
+    def test_second_instance_goes_away(self):
+        first = self.start_ambrel()
+        second = self.keep(Ambrel(self.folder))
+        self.expected_complaints = [
+            rf"error lifecycle: found 1 other Ambrel instance\(s\): pid\(s\) {first.pid}$",
+            "error lifecycle: another Ambrel instance is already running — this copy will terminate$"]
+        second.wait_for_end()
+        self.assertEqual(2, len(second.complaints()))
+        for expected in self.expected_complaints:
+            self.assertIsNotNone(second.find(re.compile(expected)))
+        self.check_left_alone(first)
+
+    def test_termination_loses_no_decision(self):
+        ambrel = self.start_ambrel(defaults={"quitDelay": 0.0})
+        samples = [self.start_subject(ambrel) for _ in range(8)]
+        for sample in samples:
+            sample.say("destroy 1")
+        ambrel.wait_for("engine: quitting ")
+        ambrel.signal(signal.SIGTERM)
+        self.assertEqual(0, ambrel.wait_for_end())
+        announced = {int(match[1]) for line in ambrel.lines
+                     if (match := re.search(r"engine: quitting \S+ pid (\d+) ", line.text))}
+        self.assertTrue(announced)
+        self.assertEqual(announced, {decision.pid for decision in ambrel.decisions()})
+
+    def test_window_manager_restarts(self):
+        ambrel = self.start_ambrel()
+        subject = self.start_subject(ambrel)
+        windows.end_window_manager()
+        windows.start_window_manager()
+        wait_until(lambda: windows.windows(subject.pid), "the window is managed again")
+        self.check_left_alone(ambrel, subject)
+        subject.say("close 1")
+        self.wait_until_quit(ambrel, subject)
+
+    def test_window_closed_while_no_window_manager_runs(self):
+        ambrel = self.start_ambrel()
+        subject, bystander = self.start_subject(ambrel), self.start_subject(ambrel)
+        windows.end_window_manager()
+        subject.say("destroy 1")
+        subject.wait_for(re.compile("destroyed$"))
+        windows.start_window_manager()
+        wait_until(lambda: windows.windows(bystander.pid), "the other window is managed again")
+        self.check_left_alone(ambrel, bystander)
+
+    def test_end_of_the_x_server(self):
+        reader, writer = os.pipe()
+        server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-nolisten", "tcp", "-noreset"],
+                                  pass_fds=[writer], stderr=subprocess.DEVNULL)
+        self.addCleanup(server.wait)
+        self.addCleanup(server.kill)
+        os.close(writer)
+        with os.fdopen(reader) as answer:
+            display = f":{answer.readline().strip()}"
+        manager = subprocess.Popen(["openbox", "--sm-disable"], env={**os.environ, "DISPLAY": display},
+                                   stderr=subprocess.DEVNULL)
+        self.addCleanup(manager.wait)
+        wait_until(lambda: subprocess.run(["wmctrl", "-m"], env={**os.environ, "DISPLAY": display}, check=False,
+                                          capture_output=True).returncode == 0, "the window manager is there")
+        ambrel = self.start_ambrel(environment={"DISPLAY": display})
+        self.expected_complaints = ["error lifecycle: "]
+        server.kill()
+        self.assertNotIn(ambrel.wait_for_end(), (0, -signal.SIGABRT, -signal.SIGSEGV))
+        self.assertEqual(1, len(ambrel.complaints()))
+
+    def test_no_x_server_at_all(self):
+        ambrel = self.keep(Ambrel(self.folder, environment={"DISPLAY": ":4711"}))
+        self.expected_complaints = ["error lifecycle: "]
+        self.assertGreater(ambrel.wait_for_end(), 0)
+        self.assertEqual(1, len(ambrel.complaints()))
+
+
+if __name__ == "__main__":
+    desktop_test.main()
