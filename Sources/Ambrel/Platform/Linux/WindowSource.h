@@ -1,0 +1,89 @@
+#pragma once
+
+#include "Core/Signal.h"
+#include "Platform/Linux/ApplicationIdentity.h"
+#include "Platform/Linux/QuitRequest.h"
+#include "Platform/RunningApplication.h"
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace ambrel {
+
+/// Names a window while it lives; used again for another one later.
+using WindowId = std::uint32_t;
+
+enum class WindowKind {
+    standard,
+    dialog,
+    floating, ///< palettes and torn-off toolbars
+    panel,
+    desktop,
+    overlay, ///< menus, splash screens, tips, notifications, dragged icons
+};
+
+/// Whether windows of this kind are windows of an application in its user's eyes.
+[[nodiscard]] constexpr bool isApplicationWindow(WindowKind kind) {
+    return kind == WindowKind::standard || kind == WindowKind::dialog || kind == WindowKind::floating;
+}
+
+/// One application window.
+struct DesktopWindow {
+    WindowId id = 0;
+    WindowKind kind = WindowKind::standard;
+    bool minimized = false;
+    bool certain = true; ///< false where it may be another process's: it counts, and is left alone
+    bool managed = true; ///< false while its application has taken it off the desktop and keeps it alive
+
+    bool operator==(const DesktopWindow&) const = default;
+};
+
+/// What a window says of its application, from the moment it was first seen.
+struct WindowFacts {
+    WindowIdentityFacts identity;
+    std::optional<QuitActionAddress> quitAction;
+};
+
+enum class WindowEvent {
+    appeared, ///< new, or back on the desktop
+    minimized,
+    restored,
+    withdrawn, ///< off the desktop, and alive
+    vanished,
+};
+
+struct WindowChange {
+    WindowEvent event;
+    ProcessId pid;
+    DesktopWindow window;
+};
+
+/// Where the desktop's windows come from. Windows of this very process are not among them.
+class WindowSource {
+public:
+    virtual ~WindowSource() = default;
+
+    /// False while nobody publishes the desktop's windows; all answers may then be out of date.
+    [[nodiscard]] virtual bool isReadable() const = 0;
+    /// The processes that own application windows, in the order they came.
+    [[nodiscard]] virtual std::vector<ProcessId> processes() const = 0;
+    /// The application windows that are, or may be, of this process; withdrawn ones included. Takes no time
+    /// but that of copying them.
+    [[nodiscard]] virtual std::vector<DesktopWindow> windows(ProcessId pid) const = 0;
+    [[nodiscard]] virtual WindowFacts facts(WindowId window) const = 0;
+    /// The process whose window has the focus, a dialog counting as its parent's.
+    [[nodiscard]] virtual std::optional<ProcessId> activeProcess() const = 0;
+    /// Asks the desktop afresh whether the window is there and belongs to this process.
+    [[nodiscard]] virtual bool confirmOwner(WindowId window, ProcessId pid) const = 0;
+
+    /// Asks for the window to be closed as its own close button would.
+    virtual void close(WindowId window) = 0;
+    virtual void minimize(WindowId window) = 0;
+
+    Signal<const WindowChange&> didChange;
+    Signal<> activeDidChange;
+    Signal<bool> readableDidChange;
+};
+
+} // namespace ambrel

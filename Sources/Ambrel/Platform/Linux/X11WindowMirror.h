@@ -1,0 +1,67 @@
+#pragma once
+
+#include "Platform/Linux/WindowOwnership.h"
+#include "Platform/Linux/WindowSource.h"
+#include "Platform/Linux/X11WindowQuery.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace ambrel {
+
+/// One window that is, or was, on the window manager's list and still exists.
+struct X11Window {
+    DesktopWindow window;
+    WindowOwnership ownership;
+    WindowFacts facts;
+    std::optional<xcb_window_t> transientFor;
+};
+
+/// Our copy of what the X server knows of the managed windows. What is noted here takes effect at once where no
+/// question to the server is needed, and with the next `refresh` otherwise.
+class X11WindowMirror {
+public:
+    X11WindowMirror(X11Connection& connection, std::string hostName);
+
+    void setHiddenSupported(bool supported) { hiddenSupported_ = supported; }
+
+    /// The window manager's list. New windows are read with the next `refresh`.
+    void setClientList(std::vector<xcb_window_t> list);
+    void noteProperty(xcb_window_t window, xcb_atom_t property);
+    void noteDestroyed(xcb_window_t window);
+    /// Reads everything that is new or has changed, all of it in one exchange with the server.
+    void refresh();
+    /// What has happened to application windows of identified processes since the last call, in order.
+    [[nodiscard]] std::vector<WindowChange> takeChanges();
+
+    [[nodiscard]] const X11Window* find(xcb_window_t window) const;
+    [[nodiscard]] std::vector<DesktopWindow> windows(ProcessId pid) const;
+    [[nodiscard]] std::vector<ProcessId> processes() const;
+
+private:
+    void listed(xcb_window_t id);
+    void unlisted(xcb_window_t id);
+    void readNew(std::vector<xcb_window_t> ids);
+    void readChanged(std::vector<xcb_window_t> ids);
+    void insert(xcb_window_t id, const X11PresentationReading& shown, X11IdentityReading identity);
+    void present(X11Window& window, const X11PresentationReading& shown);
+    void erase(xcb_window_t id);
+    void report(WindowEvent event, const WindowOwnership& ownership, const DesktopWindow& window);
+
+    X11Connection& connection_;
+    std::string hostName_;
+    ProcessId ownPid_;
+    bool hiddenSupported_ = false;
+    std::vector<xcb_window_t> list_;
+    std::vector<xcb_window_t> unread_;
+    std::unordered_set<xcb_window_t> changed_;
+    std::unordered_map<xcb_window_t, X11Window> windows_;
+    std::unordered_map<ProcessId, std::vector<xcb_window_t>> ofProcess_;
+    std::vector<WindowChange> changes_;
+};
+
+} // namespace ambrel

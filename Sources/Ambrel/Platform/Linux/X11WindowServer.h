@@ -1,0 +1,37 @@
+#pragma once
+
+#include "Platform/Linux/X11Connection.h"
+#include "Platform/WindowServer.h"
+
+#include <optional>
+#include <vector>
+
+namespace ambrel {
+
+class X11WindowMirror;
+
+/// The X server's own view of what is on the screen, asked afresh each time.
+class X11WindowServer final : public WindowServer {
+public:
+    /// Both must outlive this object.
+    X11WindowServer(X11Connection& connection, const X11WindowMirror& mirror);
+
+    [[nodiscard]] std::optional<std::vector<WindowInfo>> onScreenWindows() const override;
+    [[nodiscard]] std::optional<std::vector<Rect>> onlineDisplays(std::size_t limit) const override;
+
+private:
+    struct Top {
+        xcb_window_t window;
+        bool overrideRedirect;
+        std::optional<Rect> bounds;
+    };
+    [[nodiscard]] std::optional<std::vector<Top>> visibleTops() const;
+    [[nodiscard]] int layer(const Top& top, const std::optional<xcb_window_t>& client) const;
+    [[nodiscard]] std::optional<std::vector<Rect>> monitors() const;
+    [[nodiscard]] std::optional<Rect> screenBounds() const;
+
+    X11Connection& connection_;
+    const X11WindowMirror& mirror_;
+};
+
+} // namespace ambrel
