@@ -1,0 +1,75 @@
+#include "Core/Clock.h"
+#include "Core/Utf8.h"
+#include "Core/Uuid.h"
+
+#include <cmath>
+#include <cstdint>
+#include <limits>
+
+#include <gtest/gtest.h>
+
+namespace ambrel {
+namespace {
+
+TEST(Utf8Test, TellsCharactersFromStrayBytes) {
+    struct Case {
+        std::string_view text;
+        std::string_view mended;
+        bool endsInside = false;
+    };
+    const Case cases[] = {
+        {"", ""},
+        {"a\u00e9\u20ac\U0001F600\U0010FFFF", "a\u00e9\u20ac\U0001F600\U0010FFFF"},
+        {"\xE9t\xE9", "\uFFFDt\uFFFD", true},
+        {"a\x80z", "a\uFFFDz"},
+        {"\xC0\xAF", "\uFFFD\uFFFD"},                     // overlong
+        {"\xE0\x80\xAF", "\uFFFD\uFFFD\uFFFD"},           // overlong
+        {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},           // surrogate
+        {"\xF4\x90\x80\x80", "\uFFFD\uFFFD\uFFFD\uFFFD"}, // above U+10FFFF
+        {"\xF5", "\uFFFD"},                               //
+        {"x\xF0\x9F\x98", "x\uFFFD\uFFFD\uFFFD", true},   //
+        {"x\xE2\x82", "x\uFFFD\uFFFD", true},             //
+        {"\x80\x80", "\uFFFD\uFFFD"},                     //
+        {"\u20ac\x82", "\u20ac\uFFFD"},                   //
+    };
+    for (const auto& [text, mended, endsInside] : cases) {
+        EXPECT_EQ(replacingInvalidUtf8(text), mended);
+        EXPECT_EQ(isValidUtf8(text), text == mended) << mended;
+        EXPECT_EQ(endsInsideCharacter(text), endsInside) << mended;
+    }
+}
+
+TEST(UuidTest, TakesTheCanonicalFormOnly) {
+    const auto id = Uuid::parse("0123abcd-4567-89ef-ABCD-0123456789ab");
+    ASSERT_TRUE(id);
+    EXPECT_EQ(id->text(), "0123ABCD-4567-89EF-ABCD-0123456789AB");
+    for (const auto* bad : {"", "0123ABCD456789EFABCD0123456789AB", "0123ABCD-4567-89EF-ABCD-0123456789A",
+                            "0123ABCD-4567-89EF-ABCD-0123456789ABC", "0123ABCD-4567-89EF-ABCD+0123456789AB",
+                            "G123ABCD-4567-89EF-ABCD-0123456789AB", "{123ABCD-4567-89EF-ABCD-0123456789A}"}) {
+        EXPECT_FALSE(Uuid::parse(bad)) << bad;
+    }
+}
+
+TEST(UuidTest, RandomOnesAreOfVersion4AndDiffer) {
+    for (int round = 0; round < 50; ++round) {
+        const auto id = Uuid::random();
+        EXPECT_EQ(Uuid::parse(id.text()), id);
+        EXPECT_EQ(id.text()[14], '4') << id.text();
+        EXPECT_NE(std::string_view("89AB").find(id.text()[19]), std::string_view::npos) << id.text();
+        EXPECT_NE(id, Uuid::random());
+    }
+}
+
+TEST(ClockTest, WholeSecondsHoldForAnyDate) {
+    const std::pair<double, std::int64_t> cases[] = {
+        {1.99, 1},         {-1.99, -1}, {1e18, 1'000'000'000'000'000'000},
+        {1e19, 0},         {-1e300, 0}, {std::numeric_limits<double>::infinity(), 0},
+        {std::nan(""), 0},
+    };
+    for (const auto& [seconds, whole] : cases) {
+        EXPECT_EQ(wholeSeconds(Date(Seconds(seconds))), whole) << seconds;
+    }
+}
+
+} // namespace
+} // namespace ambrel
