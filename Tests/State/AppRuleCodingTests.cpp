@@ -55,49 +55,23 @@ TEST(AppRuleCodingTest, ABundleIdentifierIsEnough) {
 TEST(AppRuleCodingTest, OneBadMemberCostsNoOther) {
     const auto expected = unusualRule();
     const auto good = encode({{expected}, AppRule("")});
+    auto name = expected, quit = expected, idle = expected, minutes = expected, all = expected, system = expected,
+         hidden = expected;
+    name.displayName = expected.bundleIdentifier();
+    quit.quitOnLastWindowClose = true;
+    idle.idleBehavior = AppRule::IdleBehavior::none;
+    minutes.idleThresholdMinutes = 30;
+    all.includedInQuitAll = true;
+    system.systemDefault = false;
+    hidden.quitWhenHidden = false;
     const std::pair<std::string, AppRule> cases[] = {
-        {R"("displayName":7)",
-         [&] {
-             auto rule = expected;
-             rule.displayName = rule.bundleIdentifier();
-             return rule;
-         }()},
-        {R"("quitOnLastWindowClose":0)",
-         [&] {
-             auto rule = expected;
-             rule.quitOnLastWindowClose = true;
-             return rule;
-         }()},
-        {R"("idleBehavior":"Quit")",
-         [&] {
-             auto rule = expected;
-             rule.idleBehavior = AppRule::IdleBehavior::none;
-             return rule;
-         }()},
-        {R"("idleThresholdMinutes":"45")",
-         [&] {
-             auto rule = expected;
-             rule.idleThresholdMinutes = 30;
-             return rule;
-         }()},
-        {R"("includedInQuitAll":"false")",
-         [&] {
-             auto rule = expected;
-             rule.includedInQuitAll = true;
-             return rule;
-         }()},
-        {R"("systemDefault":null)",
-         [&] {
-             auto rule = expected;
-             rule.systemDefault = false;
-             return rule;
-         }()},
-        {R"("quitWhenHidden":[true])",
-         [&] {
-             auto rule = expected;
-             rule.quitWhenHidden = false;
-             return rule;
-         }()},
+        {R"("displayName":7)", name},
+        {R"("quitOnLastWindowClose":0)", quit},
+        {R"("idleBehavior":"Quit")", idle},
+        {R"("idleThresholdMinutes":"45")", minutes},
+        {R"("includedInQuitAll":"false")", all},
+        {R"("systemDefault":null)", system},
+        {R"("quitWhenHidden":[true])", hidden},
     };
     for (const auto& [bad, rule] : cases) {
         const auto key = bad.substr(0, bad.find(':'));

@@ -1,0 +1,161 @@
+#include "Core/FileDescriptor.h"
+#include "Engine/QuitEvent.h"
+#include "Engine/TerminationAudit.h"
+#include "Support/AmbrelTest.h"
+#include "Support/ChildProcess.h"
+#include "Support/TextFile.h"
+
+#include <limits>
+
+#include <fmt/format.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace ambrel {
+namespace {
+
+namespace fs = std::filesystem;
+
+using Path = TerminationAudit::Path;
+using Action = TerminationAudit::Action;
+
+class TerminationAuditTest : public AmbrelTest {
+protected:
+    TerminationAuditTest() { desktop.workspace().ownPID = 811; }
+
+    /// Records one line from a run of the program of its own.
+    void recordOnce(const std::string& name, const std::string& detail = {}) {
+        TerminationAudit audit(desktop, clock);
+        audit.record(Path::lastWindow, "org.example.App", name, 812, Action::terminated, detail);
+        audit.drain();
+    }
+    std::string line(const std::string& fields) {
+        return fmt::format("2026-11-16T17:26:42Z\t{}\tby_ambrel_pid=811\tby_ambrel_path={}\n", fields,
+                           desktop.bundle().bundleURL().string());
+    }
+
+    FakeClock clock{Date(Seconds(1'794'850'002.7))};
+    fs::path file = desktop.fileLocations().logs() / "Ambrel" / "terminations.log";
+    fs::path custom = home.path() / "custom.log";
+};
+
+TEST_F(TerminationAuditTest, WritesOneLineForEachDecision) {
+    const std::pair<Path, const char*> paths[] = {{Path::lastWindow, "last-window"},
+                                                  {Path::hidden, "hidden"},
+                                                  {Path::idle, "idle"},
+                                                  {Path::quitAll, "quit-all"},
+                                                  {Path::manual, "manual"}};
+    const std::pair<Action, const char*> actions[] = {{Action::terminated, "terminated"},
+                                                      {Action::forceTerminated, "force-terminated"},
+                                                      {Action::hidden, "hidden"},
+                                                      {Action::skippedDevMode, "skipped(dev-mode)"},
+                                                      {Action::skippedShadowMode, "skipped(shadow-mode)"},
+                                                      {Action::skippedScreenLocked, "skipped(screen-locked)"},
+                                                      {Action::skippedSessionInactive, "skipped(session-inactive)"},
+                                                      {Action::skippedCGWindowsExist, "skipped(cg-windows-exist)"}};
+    TerminationAudit audit(desktop, clock);
+    std::string expected;
+    for (const auto& [path, pathWord] : paths) {
+        for (const auto& [action, actionWord] : actions) {
+            audit.record(path, "id", "Name", -1, action, "windows=0");
+            audit.record(path, "id", "", 812, action);
+            expected += line(fmt::format("{}\t{}\tid\tName\tpid=-1\twindows=0", pathWord, actionWord));
+            expected += line(fmt::format("{}\t{}\tid\t\tpid=812", pathWord, actionWord));
+        }
+    }
+    audit.drain();
+    EXPECT_EQ(textOf(file), expected);
+}
+
+TEST_F(TerminationAuditTest, TakesWhatTheApplicationSaysOfItself) {
+    auto& known = desktop.launch("org.example.App", "Example");
+    auto& unknown = desktop.launch(std::nullopt, "Nameless");
+    TerminationAudit audit(desktop, clock);
+    audit.record(Path::idle, known, Action::hidden, "idle=90s");
+    audit.record(Path::manual, unknown, Action::terminated);
+    audit.drain();
+    EXPECT_EQ(textOf(file),
+              line(fmt::format("idle\thidden\torg.example.App\tExample\tpid={}\tidle=90s", known.processIdentifier())) +
+                  line(fmt::format("manual\tterminated\t?\tNameless\tpid={}", unknown.processIdentifier())));
+}
+
+TEST_F(TerminationAuditTest, TheReaderGetsBackWhatWasWritten) {
+    recordOnce("caf\xE9\u20ac", "windows=0");
+    clock.current = Date(Seconds(std::numeric_limits<double>::infinity()));
+    recordOnce("two\tfields");
+    const auto events = QuitEvent::loadRecent(file, 10);
+    ASSERT_EQ(events.size(), 2U);
+    EXPECT_EQ(events[0].date, std::nullopt);
+    EXPECT_EQ(events[0].name, "two") << "nothing is escaped";
+    EXPECT_EQ(events[1].date, Date(Seconds(1'794'850'002)));
+    EXPECT_EQ(events[1].name, "caf\uFFFD\u20ac") << "one bad name spoils no other line";
+    EXPECT_EQ(events[1].detail, "windows=0");
+}
+
+TEST_F(TerminationAuditTest, TheDefaultFileIsMadeAtFirstUseAndOnlyGrows) {
+    TerminationAudit audit(desktop, clock);
+    EXPECT_FALSE(fs::exists(file));
+    EXPECT_EQ(audit.fileURL(), file);
+    EXPECT_TRUE(fs::exists(file));
+    EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(fs::status(file.parent_path()).permissions(), fs::perms::owner_all);
+
+    writeText(file, "from before, unterminated");
+    recordOnce("Name");
+    EXPECT_TRUE(textOf(file).starts_with("from before, unterminated2026-"));
+    fs::remove(file);
+    audit.record(Path::idle, "id", "Again", 1, Action::hidden);
+    audit.drain();
+    EXPECT_EQ(QuitEvent::loadRecent(file, 10).size(), 1U) << "removed while the program runs";
+}
+
+TEST_F(TerminationAuditTest, TheEnvironmentNamesAnotherFile) {
+    desktop.environment().set("AMBREL_TERMLOG", "");
+    EXPECT_EQ(TerminationAudit(desktop, clock).fileURL(), file) << "empty is not set";
+    desktop.environment().set("AMBREL_TERMLOG", custom.string());
+    TerminationAudit audit(desktop, clock);
+    EXPECT_EQ(audit.fileURL(), custom);
+    EXPECT_FALSE(fs::exists(custom)) << "made by the first line only";
+    recordOnce("Name");
+    EXPECT_EQ(textOf(custom), line("last-window\tterminated\torg.example.App\tName\tpid=812"));
+}
+
+TEST_F(TerminationAuditTest, APlaceThatTakesNoLinesIsLeftAlone) {
+    fs::create_directory(home.path() / "folder");
+    fs::create_symlink("loop", home.path() / "loop");
+    ASSERT_EQ(::mkfifo((home.path() / "pipe").c_str(), 0600), 0);
+    ASSERT_EQ(::mkfifo((home.path() / "read pipe").c_str(), 0600), 0);
+    const FileDescriptor reader(::open((home.path() / "read pipe").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    for (const auto* name : {"folder", "loop", "pipe", "read pipe", "/dev/full", "missing/log", "pipe/log"}) {
+        const auto place = home.path() / name;
+        const auto before = fs::symlink_status(place).type();
+        desktop.environment().set("AMBREL_TERMLOG", place.string());
+        recordOnce("Name");
+        EXPECT_EQ(fs::symlink_status(place).type(), before) << name;
+    }
+}
+
+TEST_F(TerminationAuditTest, RunningCopiesDoNotMixTheirLines) {
+    desktop.environment().set("AMBREL_TERMLOG", custom.string());
+    const auto recordMany = [this] {
+        TerminationAudit audit(desktop, clock);
+        for (int count = 0; count < 200; ++count) {
+            audit.record(Path::idle, "id", std::string(500, 'x'), 1, Action::hidden);
+        }
+        audit.drain();
+        return 0;
+    };
+    ChildProcess other(recordMany);
+    recordMany();
+    EXPECT_EQ(other.wait(), 0);
+    const auto expected = line("idle\thidden\tid\t" + std::string(500, 'x') + "\tpid=1");
+    const auto text = textOf(custom);
+    ASSERT_EQ(text.size(), 400 * expected.size());
+    for (std::size_t at = 0; at < text.size(); at += expected.size()) {
+        ASSERT_EQ(text.substr(at, expected.size()), expected);
+    }
+}
+
+} // namespace
+} // namespace ambrel
