@@ -144,7 +144,7 @@ TEST_F(FilesTest, CopiesThatSaveAtTheSameTimeTakeTurns) {
     ASSERT_EQ(codeOf(replaceFile(file, saved(false))), 0);
     ChildProcess first([this] { return saveForever(file); });
     ChildProcess second([this] { return saveForever(file); });
-    for (int round = 0; round < 300; ++round) {
+    for (int round = 0; round < 50; ++round) {
         ASSERT_EQ(codeOf(replaceFile(file, saved(round % 2 == 0))), 0);
         ASSERT_TRUE(isWhole(textOf(file))) << "round " << round;
     }
