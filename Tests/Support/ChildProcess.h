@@ -19,12 +19,13 @@ public:
     ChildProcess& operator=(const ChildProcess&) = delete;
     ~ChildProcess() { kill(); }
 
-    /// As by the system: no handler runs, nothing is flushed.
-    void kill() {
-        if (pid_ > 0) {
-            ::kill(pid_, SIGKILL);
-            wait();
+    /// As by the system: no handler runs, nothing is flushed. Returns what `wait` does.
+    int kill() {
+        if (pid_ <= 0) {
+            return -1;
         }
+        ::kill(pid_, SIGKILL);
+        return wait();
     }
 
     /// The exit code; -1 where a signal ended it.
