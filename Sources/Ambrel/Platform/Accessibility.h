@@ -18,7 +18,7 @@ enum class AXError : std::int32_t {
     failure = -25200,
     cannotComplete = -25204, ///< the application's windows can't be read; whoever watches it starts anew
     notificationAlreadyRegistered = -25209,
-    noValue = -25212,
+    noValue = -25212, ///< there is nothing to read, as in a process that has ended
 };
 
 /// One window of an application. An absent attribute could not be read, or is of another type.

@@ -84,8 +84,11 @@ public:
 
     [[nodiscard]] WindowsReading copyWindows() const override {
         const auto app = accessibility_.workspace_.find(pid_);
-        if (!app || !accessibility_.trusted_) {
+        if (!accessibility_.trusted_) {
             return {AXError::cannotComplete, std::nullopt};
+        }
+        if (!app) {
+            return {AXError::noValue, std::nullopt};
         }
         return read(*app);
     }
