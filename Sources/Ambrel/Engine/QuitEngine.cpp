@@ -1,0 +1,102 @@
+#include "Engine/QuitEngine.h"
+
+#include "Engine/AppMonitor.h"
+#include "Engine/DevGuard.h"
+#include "Engine/QuitNotifier.h"
+#include "Engine/SleepWakeHandler.h"
+#include "Engine/SystemState.h"
+#include "Engine/WindowOracle.h"
+#include "Platform/AppClock.h"
+#include "Platform/Platform.h"
+#include "Platform/Workspace.h"
+#include "State/AppRulesStore.h"
+#include "State/AppSettings.h"
+
+namespace ambrel {
+
+namespace {
+constexpr Seconds rulesDebounce{0.2};
+}
+
+QuitEngine& QuitEngine::shared() {
+    static auto& engine =
+        *new QuitEngine(Platform::shared(), {AppSettings::shared(), AppRulesStore::shared(), SystemState::shared(),
+                                             DevGuard::shared(), WindowOracle::shared(), TerminationAudit::shared(),
+                                             QuitNotifier::shared(), AppClock::shared()});
+    return engine;
+}
+
+QuitEngine::QuitEngine(Platform& platform, Neighbours neighbours)
+    : platform_(platform), neighbours_(neighbours), debug_(AmbrelDebug::read(platform.environment())),
+      selfPID_(platform.workspace().currentProcessIdentifier()) {}
+
+QuitEngine::~QuitEngine() = default;
+
+void QuitEngine::start() {
+    if (started_) {
+        return;
+    }
+    started_ = true;
+    observeWorkspace();
+    addMissingMonitors();
+    idleMonitor_.start();
+    observeTrust();
+    observeChoices();
+    log_.notice("engine started; monitoring {} apps", monitors_.size());
+}
+
+void QuitEngine::observeWorkspace() {
+    auto& workspace = platform_.workspace();
+    workspaceObservers_.push_back(workspace.didLaunch.subscribe([this](const auto& app) { appLaunched(app); }));
+    workspaceObservers_.push_back(workspace.didTerminate.subscribe([this](const auto& app) { appTerminated(app); }));
+    workspaceObservers_.push_back(workspace.didHide.subscribe([this](const auto& app) { appHidden(app); }));
+}
+
+void QuitEngine::observeTrust() {
+    sleepWake_ = std::make_unique<SleepWakeHandler>(lifetime_.guard([this] { recreateAll(); }));
+    neighbours_.systemState.onResumeTrusted = lifetime_.guard([this] {
+        log_.notice("system returned to trusted state — rebuilding monitors so restored windows don't read as closed");
+        recreateAll();
+    });
+    neighbours_.systemState.start();
+}
+
+void QuitEngine::observeChoices() {
+    pauseObserver_ = neighbours_.settings.isPaused.subscribe([this](bool isPaused) { applyPause(isPaused); });
+    rulesObserver_ = neighbours_.rules.willChange.subscribe([this] { rulesWillChange(); });
+}
+
+void QuitEngine::applyPause(bool isPaused) {
+    log_.notice("pause state -> {}", isPaused ? "paused" : "active");
+    if (isPaused) {
+        cancelAllPendingQuits();
+    }
+}
+
+void QuitEngine::rulesWillChange() {
+    if (rulesDebounce_) {
+        rulesDebounce_->cancel();
+    }
+    rulesDebounce_ =
+        platform_.mainQueue().asyncAfter(rulesDebounce, lifetime_.guard([this] { reconcile("rules-changed"); }));
+}
+
+void QuitEngine::cancelAllPendingQuits() {
+    if (pendingQuits_.empty() && pendingHideQuits_.empty()) {
+        return;
+    }
+    for (auto* works : {&pendingQuits_, &pendingHideQuits_}) {
+        for (const auto& [pid, work] : *works) {
+            work->cancel();
+        }
+        works->clear();
+    }
+    cgVetoRetries_.clear();
+    log_.notice("paused; cancelled all pending quits");
+}
+
+void QuitEngine::appHidden(const RunningApplicationRef& app) {
+    log_.notice("{} was hidden; quitting when hidden is not there yet", app->bundleIdentifier().value_or("?"));
+}
+
+} // namespace ambrel
