@@ -1,0 +1,194 @@
+#include "AppDelegate.h"
+
+#include "Capture/Capture.h"
+#include "Core/ExceptionLogger.h"
+#include "Engine/AccessibilityGate.h"
+#include "Engine/DevGuard.h"
+#include "Engine/HotKeyManager.h"
+#include "Engine/QuitAll.h"
+#include "Engine/QuitEngine.h"
+#include "Engine/QuitNotifier.h"
+#include "Platform/ApplicationHost.h"
+#include "Platform/Bundle.h"
+#include "Platform/Environment.h"
+#include "Platform/Platform.h"
+#include "Platform/Workspace.h"
+#include "State/AppSettings.h"
+#include "UI/Onboarding/Onboarding.h"
+#include "UI/Onboarding/OnboardingController.h"
+#include "UI/SettingsWindowController.h"
+#include "UI/StatusBar/StatusItemController.h"
+#include "Updates/UpdateController.h"
+
+#include <vector>
+
+#include <fmt/format.h>
+
+namespace ambrel {
+
+namespace {
+
+// Quit All: Q with command, option and shift, in the key codes and modifiers that HotKeyManager takes.
+constexpr std::uint32_t quitAllKeyCode = 12;
+constexpr std::uint32_t quitAllModifiers = 0xB00;
+
+} // namespace
+
+AppDelegate::Neighbours AppDelegate::Neighbours::shared() {
+    return {AppSettings::shared,
+            DevGuard::shared,
+            StatusItemController::shared,
+            HotKeyManager::shared,
+            QuitAll::shared,
+            SettingsWindowController::shared,
+            OnboardingController::shared,
+            UpdateController::shared,
+            QuitNotifier::shared,
+            QuitEngine::shared};
+}
+
+AppDelegate::AppDelegate(Platform& platform, Neighbours neighbours)
+    : platform_(platform), neighbours_(std::move(neighbours)) {}
+
+void AppDelegate::applicationDidFinishLaunching() {
+    if (launchTakenOver()) {
+        return;
+    }
+    installExceptionLogger();
+    if (anotherInstanceIsRunning()) {
+        log_.error("another Ambrel instance is already running — this copy will terminate");
+        platform_.application().terminate();
+        return;
+    }
+    applyStoredDockPolicy();
+    if (neighbours_.devGuard().isActive()) {
+        log_.notice("AMBREL_DEV_MODE active — terminations restricted to whitelist");
+    }
+    observeDockPreference();
+    neighbours_.statusItem().install();
+    installHotKey();
+    scheduleHooks();
+    reopenObserver_ = platform_.application().didReopen.subscribe(
+        [this] { applicationShouldHandleReopen(platform_.application().hasVisibleTitledWindow()); });
+    takeRoad();
+}
+
+bool AppDelegate::launchTakenOver() {
+    if (Snapshots::runIfRequested(platform_.environment())) {
+        platform_.application().terminate();
+        return true;
+    }
+    return Capture::runIfRequested(platform_.environment());
+}
+
+bool AppDelegate::anotherInstanceIsRunning() const {
+    const auto own = platform_.bundle().bundleIdentifier().value_or("app.ambrel.Ambrel");
+    auto& workspace = platform_.workspace();
+    std::vector<ProcessId> others;
+    for (const auto& app : workspace.runningApplicationsWithBundleIdentifier(own)) {
+        if (app->processIdentifier() != workspace.currentProcessIdentifier() && !app->isTerminated()) {
+            others.push_back(app->processIdentifier());
+        }
+    }
+    if (others.empty()) {
+        return false;
+    }
+    log_.error("found {} other Ambrel instance(s): pid(s) {}", others.size(), fmt::join(others, ", "));
+    return true;
+}
+
+void AppDelegate::applyStoredDockPolicy() {
+    auto& application = platform_.application();
+    application.setActivationPolicy(neighbours_.settings().showDockIcon.get() ? ActivationPolicy::regular
+                                                                              : ActivationPolicy::accessory);
+    const bool regular = application.activationPolicy() == ActivationPolicy::regular;
+    log_.notice("Ambrel launched ({})", regular ? "Dock icon visible" : "accessory mode");
+}
+
+void AppDelegate::observeDockPreference() {
+    // The first value is the stored one, which has been applied.
+    dockObserver_ = neighbours_.settings().showDockIcon.subscribe([this, first = true](bool show) mutable {
+        if (!std::exchange(first, false)) {
+            applyDockIconPreferenceLive(show);
+        }
+    });
+}
+
+void AppDelegate::applyDockIconPreferenceLive(bool show) {
+    auto& application = platform_.application();
+    if (show) {
+        application.setActivationPolicy(ActivationPolicy::regular);
+    } else if (!application.hasVisibleTitledWindow()) {
+        application.setActivationPolicy(ActivationPolicy::accessory);
+    }
+    log_.notice("dock icon {}", show ? "shown" : "hidden");
+}
+
+void AppDelegate::installHotKey() {
+    neighbours_.hotKeys().onTrigger = lifetime_.guard([this] { hotKeyPressed(); });
+    if (neighbours_.settings().quitAllHotKeyEnabled.get()) {
+        neighbours_.hotKeys().registerHotKey(quitAllKeyCode, quitAllModifiers);
+    }
+}
+
+void AppDelegate::hotKeyPressed() {
+    if (neighbours_.settings().confirmBeforeQuitAll.get()) {
+        neighbours_.statusItem().showConfirm(false);
+        return;
+    }
+    neighbours_.quitAll().run(false);
+    neighbours_.statusItem().pulse();
+}
+
+void AppDelegate::takeRoad() {
+    if (!Onboarding::isCompleted(platform_.userDefaults())) {
+        neighbours_.onboarding().present(lifetime_.guard([this] { onboardingFinished(); }));
+    } else if (platform_.accessibility().isProcessTrusted()) {
+        startEngine();
+    } else {
+        neighbours_.updates();
+        presentGate();
+    }
+}
+
+void AppDelegate::onboardingFinished() {
+    if (platform_.accessibility().isProcessTrusted()) {
+        startEngine();
+    } else {
+        presentGate();
+    }
+}
+
+void AppDelegate::startEngine() {
+    if (engineStarted_) {
+        return;
+    }
+    engineStarted_ = true;
+    neighbours_.updates();
+    neighbours_.notifier().configure();
+    neighbours_.engine().start();
+}
+
+void AppDelegate::presentGate() {
+    log_.notice("the desktop publishes no windows, and the gate that explains this is not there yet; waiting");
+    AccessibilityGate::promptForTrust(platform_.accessibility());
+    trustObserver_ = platform_.accessibility().trustDidChange.subscribe([this](bool trusted) {
+        if (trusted) {
+            dismissGateAndStart();
+        }
+    });
+}
+
+void AppDelegate::dismissGateAndStart() {
+    trustObserver_ = {};
+    startEngine();
+}
+
+bool AppDelegate::applicationShouldHandleReopen(bool hasVisibleWindows) {
+    if (!hasVisibleWindows) {
+        neighbours_.settingsWindow().show();
+    }
+    return true;
+}
+
+} // namespace ambrel

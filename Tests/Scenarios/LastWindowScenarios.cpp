@@ -1,0 +1,383 @@
+#include "Scenarios/EngineScenario.h"
+
+#include <functional>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace ambrel {
+namespace {
+
+using simulated::SimulatedApplication;
+using simulated::SimulatedWindow;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+class LastWindow : public EngineScenario {
+protected:
+    [[nodiscard]] std::string pidOf(const SimulatedApplication& app) const {
+        return std::to_string(app.processIdentifier());
+    }
+};
+
+TEST_F(LastWindow, ClosingTheLastWindowQuitsAfterTheDelayAndTwoValidations) {
+    start();
+    auto& app = launchWithWindow();
+    const auto pid = pidOf(app);
+    app.closeWindows();
+    desktop.advance(0.999);
+    EXPECT_THAT(terminated(), IsEmpty());
+    desktop.advance(0.001);
+    EXPECT_THAT(terminated(), ElementsAre(app.processIdentifier()));
+    EXPECT_THAT(decisions(), ElementsAre("last-window terminated Editor windows=0"));
+    EXPECT_THAT(engineLines(),
+                ElementsAre("scheduling quit of org.example.Editor pid " + pid + " in 0.500000s",
+                            "zero windows confirmed (1/2) for org.example.Editor; re-confirming in 0.500000s",
+                            "quitting org.example.Editor pid " + pid + " (windows=0)",
+                            "monitor removed org.example.Editor pid " + pid + "; total 0"));
+}
+
+TEST_F(LastWindow, AJumpWaitsLongerBeforeItIsConfirmed) {
+    start();
+    auto& app = launchWithWindow();
+    app.openWindow();
+    desktop.settle();
+    app.closeWindows();
+    desktop.advance(2.499);
+    EXPECT_THAT(terminated(), IsEmpty());
+    desktop.advance(0.001);
+    EXPECT_THAT(terminated(), ElementsAre(app.processIdentifier()));
+    EXPECT_TRUE(log.contains("re-confirming in 2.000000s (multi-window jump — possible app quit in flight)"));
+}
+
+/// What the user or the desktop does after the last window has closed, and what is left of the quit.
+struct HeldBack {
+    const char* name;
+    double after; ///< seconds after the close
+    std::function<void(EngineScenario&, simulated::SimulatedPlatform&, SimulatedApplication&)> happens;
+    const char* line;     ///< a log line that says why
+    const char* decision; ///< the decisions log, or null for nothing
+};
+
+class HeldBackQuit : public EngineScenario, public ::testing::WithParamInterface<HeldBack> {
+public:
+    using EngineScenario::house;
+    using EngineScenario::setRule;
+};
+
+TEST_P(HeldBackQuit, LeavesTheApplicationRunning) {
+    start();
+    auto& app = launchWithWindow();
+    app.closeWindows();
+    desktop.advance(GetParam().after);
+    GetParam().happens(*this, desktop, app);
+    desktop.advance(60);
+    EXPECT_THAT(terminated(), IsEmpty());
+    EXPECT_TRUE(log.contains(GetParam().line)) << GetParam().line;
+    if (GetParam().decision == nullptr) {
+        EXPECT_THAT(decisions(), IsEmpty());
+    } else {
+        EXPECT_THAT(decisions(), Contains(std::string(GetParam().decision)));
+    }
+}
+
+HeldBackQuit& held(EngineScenario& scenario) {
+    return static_cast<HeldBackQuit&>(scenario);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Reasons, HeldBackQuit,
+    ::testing::Values(
+        HeldBack{"WindowReopensDuringTheDelay", 0.3, [](auto&, auto&, auto& app) { app.openWindow(); },
+                 "cancelled pending quit pid", nullptr},
+        HeldBack{"WindowReopensBetweenTheStages", 0.7, [](auto&, auto&, auto& app) { app.openWindow(); },
+                 "cancelled pending quit pid", nullptr},
+        HeldBack{"WindowReopensUnnoticedBeforeStageTwo", 0.7,
+                 [](auto&, auto&, auto& app) {
+                     app.accessibility.failReads(AXError::noValue, 1); // its recount fails
+                     app.openWindow();
+                 },
+                 "quit check 2/2: window reopened; skipping quit org.example.Editor (windows=1)", nullptr},
+        HeldBack{"Paused", 0.3, [](auto& s, auto&, auto&) { held(s).house().settings.isPaused.set(true); },
+                 "paused; cancelled all pending quits", nullptr},
+        HeldBack{"RuleTurnedOffWithinTheDebounce", 0.4,
+                 [](auto& s, auto&, auto&) { held(s).setRule("org.example.Editor", false); },
+                 "reconcile (rules-changed): +0 -1 monitors; total 0", nullptr},
+        HeldBack{
+            "Excluded", 0.1,
+            [](auto& s, auto&, auto&) { held(s).house().settings.userExcludedBundleIDs.set({"org.example.Editor"}); },
+            "scheduling quit", nullptr},
+        HeldBack{"NoValueAtFireTime", 0.7,
+                 [](auto&, auto&, auto& app) { app.accessibility.failReads(AXError::noValue); },
+                 "quit check 2/2: org.example.Editor — AX read failed at fire time; aborting quit", nullptr},
+        HeldBack{"UserQuitsIt", 0.3, [](auto&, auto&, auto& app) { app.quit(); }, "monitor removed org.example.Editor",
+                 nullptr},
+        HeldBack{"WindowServerStillSeesAWindow", 0.3,
+                 [](auto&, auto& desktop, auto& app) { desktop.windowServer().leaveResidue(app.processIdentifier()); },
+                 "cg-veto persisted through 4 re-validations for org.example.Editor — a real window AX can't see; quit "
+                 "stays held back",
+                 "last-window skipped(cg-windows-exist) org.example.Editor cg_windows=1"},
+        HeldBack{"SystemSleptAndWoke", 0.3, [](auto& s, auto&, auto&) { held(s).house().engine.recreateAll(); },
+                 "recreating all 1 monitors", nullptr}),
+    [](const auto& each) { return each.param.name; });
+
+TEST_F(LastWindow, WindowsUnreadableAtFireTimeLogTheirCodeEachTime) {
+    start();
+    auto& app = launchWithWindow();
+    app.closeWindows();
+    desktop.settle();
+    log.expectError("copy windows -> -25200 for org.example.Editor");
+    app.accessibility.failReads(AXError::failure);
+    desktop.advance(10);
+    EXPECT_TRUE(log.contains("quit check 1/2: org.example.Editor — AX read failed at fire time; aborting quit"));
+    EXPECT_THAT(terminated(), IsEmpty());
+}
+
+TEST_F(LastWindow, AnEarlierPendingQuitFailsAtFireTimeWhenPausedUnnoticed) {
+    start();
+    auto& app = launchWithWindow();
+    auto& settings = house().settings;
+    settings.isPaused.set(true);
+    app.closeWindows();
+    desktop.advance(10);
+    EXPECT_FALSE(log.contains("scheduling quit")) << "nothing is scheduled while paused";
+    settings.isPaused.set(false);
+    desktop.advance(10);
+    EXPECT_THAT(terminated(), IsEmpty()) << "resuming starts no quit by itself";
+}
+
+TEST_F(LastWindow, NotQuitBeforeItEverHadAWindow) {
+    start();
+    auto& app = desktop.launch("org.example.Editor", "Editor");
+    desktop.advance(1);
+    app.openDialog();
+    desktop.settle();
+    app.closeWindows();
+    desktop.advance(10);
+    EXPECT_THAT(terminated(), IsEmpty());
+}
+
+TEST_F(LastWindow, AMonitorRebuiltAfterTheWindowsWentNeedsAFreshSighting) {
+    start();
+    auto& app = launchWithWindow();
+    engine().recreateAll();
+    app.closeWindows();
+    desktop.advance(10);
+    EXPECT_THAT(terminated(), IsEmpty());
+    app.openWindow();
+    desktop.settle();
+    app.closeWindows();
+    desktop.advance(1);
+    EXPECT_THAT(terminated(), ElementsAre(app.processIdentifier()));
+}
+
+TEST_F(LastWindow, MinimisedHiddenAndWithdrawnWindowsKeepTheApplication) {
+    start();
+    auto& minimised = launchWithWindow("org.example.Minimised");
+    minimised.minimise(minimised.windows().front().id);
+    auto& hidden = launchWithWindow("org.example.Hidden");
+    hidden.hideItself();
+    auto& withdrawn = launchWithWindow("org.example.Withdrawn");
+    withdrawn.withdraw(withdrawn.windows().front().id);
+    auto& elsewhere = desktop.launch("org.example.Elsewhere", "Elsewhere");
+    elsewhere.openWindow({.onOtherDesktop = true});
+    desktop.advance(60);
+    EXPECT_THAT(terminated(), IsEmpty());
+}
+
+TEST_F(LastWindow, ClosingRightAfterAMinimiseIsHeldBackByTheGrace) {
+    start();
+    auto& app = launchWithWindow();
+    app.minimise(app.windows().front().id);
+    desktop.advance(1.9);
+    app.closeWindows();
+    desktop.advance(10);
+    EXPECT_TRUE(log.contains("skip quit: org.example.Editor minimized within 2s grace"));
+    EXPECT_THAT(terminated(), IsEmpty());
+}
+
+TEST_F(LastWindow, AHiddenApplicationIsLeftAloneAtBothMoments) {
+    start();
+    auto& app = launchWithWindow();
+    app.openWindow();
+    desktop.advance(1);
+    app.hideItself();
+    desktop.advance(5);
+    app.closeWindows();
+    desktop.settle();
+    EXPECT_TRUE(log.contains("skip quit: org.example.Editor is hidden — windows still exist"));
+    desktop.advance(10);
+    EXPECT_THAT(terminated(), IsEmpty());
+}
+
+TEST_F(LastWindow, ADialogThatStaysVetoesAndItsWindowServerSightingsAreWrittenDown) {
+    start();
+    auto& app = launchWithWindow();
+    const auto window = app.windows().front().id;
+    app.openDialog();
+    desktop.settle();
+    app.closeWindow(window);
+    desktop.advance(60);
+    EXPECT_THAT(terminated(), IsEmpty());
+    const std::string line = "last-window skipped(cg-windows-exist) org.example.Editor cg_windows=1";
+    EXPECT_THAT(decisions(), ElementsAre(line, line, line, line, line));
+}
+
+TEST_F(LastWindow, ResidueThatFadesOnlyDelaysTheQuit) {
+    start();
+    auto& app = launchWithWindow();
+    desktop.windowServer().leaveResidue(app.processIdentifier());
+    app.closeWindows();
+    desktop.advance(3); // stage one at 0.5 and 2.5
+    EXPECT_TRUE(log.contains("re-validating org.example.Editor in 2.000000s (attempt 2/4)"));
+    desktop.windowServer().residue.clear();
+    desktop.advance(1.999);
+    EXPECT_THAT(terminated(), IsEmpty());
+    desktop.advance(0.002);
+    EXPECT_THAT(terminated(), ElementsAre(app.processIdentifier()));
+}
+
+TEST_F(LastWindow, AnUnreadableWindowServerDoesNotHoldBack) {
+    start();
+    desktop.windowServer().listUnreadable = true;
+    auto& app = launchWithWindow();
+    app.closeWindows();
+    desktop.advance(1);
+    EXPECT_THAT(terminated(), ElementsAre(app.processIdentifier()));
+}
+
+TEST_F(LastWindow, WithOneWindowLeftTheWindowServerIsNotAsked) {
+    start();
+    house().settings.quitOnlyWhenOneWindowLeft.set(false);
+    auto& app = desktop.launch("org.example.Editor", "Editor");
+    const auto first = app.openWindow();
+    app.openWindow();
+    desktop.advance(1);
+    app.closeWindow(first);
+    desktop.advance(1);
+    EXPECT_THAT(terminated(), ElementsAre(app.processIdentifier()));
+    EXPECT_THAT(decisions(), ElementsAre("last-window terminated Editor windows=1"));
+}
+
+TEST_F(LastWindow, EachFurtherDropRestartsTheDelayWithoutACancelLine) {
+    start();
+    house().settings.quitOnlyWhenOneWindowLeft.set(false);
+    auto& app = desktop.launch("org.example.Editor", "Editor");
+    app.openWindow();
+    app.openWindow();
+    desktop.advance(1);
+    log.clear();
+    app.closeWindow(app.windows().front().id);
+    desktop.advance(0.4);
+    app.closeWindow(app.windows().front().id);
+    desktop.advance(0.4);
+    EXPECT_EQ(log.count("scheduling quit of"), 2U);
+    EXPECT_EQ(log.count("cancelled"), 0U);
+    EXPECT_EQ(log.count("confirmed (1/2)"), 0U);
+    desktop.advance(0.1);
+    EXPECT_EQ(log.count("confirmed (1/2)"), 1U);
+}
+
+TEST_F(LastWindow, ANegativeDelayIsNoneAndALongOneIsHonoured) {
+    start();
+    house().settings.quitDelay.set(-1);
+    auto& quick = launchWithWindow("org.example.Quick");
+    quick.closeWindows();
+    desktop.advance(0.5);
+    EXPECT_THAT(terminated(), ElementsAre(quick.processIdentifier()));
+    house().settings.quitDelay.set(12);
+    auto& slow = launchWithWindow("org.example.Slow");
+    slow.closeWindows();
+    desktop.advance(12.4);
+    EXPECT_EQ(terminated().size(), 1U);
+    desktop.advance(0.2);
+    EXPECT_EQ(terminated().size(), 2U);
+}
+
+TEST_F(LastWindow, AnUntrustedSessionIsWrittenDownAtBothMomentsByItsReason) {
+    desktop.environment().set("AMBREL_FORCE_SESSION_INACTIVE", "1");
+    start();
+    auto& app = launchWithWindow();
+    app.closeWindows();
+    desktop.advance(10);
+    EXPECT_THAT(terminated(), IsEmpty());
+    EXPECT_THAT(decisions(),
+                ElementsAre("last-window skipped(session-inactive) org.example.Editor forced-session-inactive"));
+    EXPECT_TRUE(log.contains("skip quit: org.example.Editor — forced-session-inactive; window count not trustworthy "
+                             "(lock/display-sleep/session teardown)"));
+}
+
+TEST_F(LastWindow, AForcedLockOutranksTheSessionAndOnlyOneForces) {
+    desktop.environment().set("AMBREL_FORCE_SESSION_INACTIVE", "1");
+    desktop.environment().set("AMBREL_FORCE_SCREEN_LOCKED", "1");
+    start();
+    auto& app = launchWithWindow();
+    app.closeWindows();
+    desktop.advance(10);
+    EXPECT_THAT(decisions(), ElementsAre("last-window skipped(screen-locked) org.example.Editor forced-lock"));
+
+    desktop.environment().set("AMBREL_FORCE_SCREEN_LOCKED", "true");
+    desktop.environment().unset("AMBREL_FORCE_SESSION_INACTIVE");
+    EXPECT_TRUE(SystemState(desktop.environment()).isTrustworthy());
+}
+
+TEST_F(LastWindow, TheGuardWritesOneLineAndEndsTheChain) {
+    desktop.environment().set("AMBREL_DEV_MODE", "");
+    start();
+    auto& refused = launchWithWindow();
+    auto& allowed = launchWithWindow("COM.APPLE.TEXTEDIT");
+    refused.closeWindows();
+    allowed.closeWindows();
+    desktop.advance(10);
+    EXPECT_THAT(terminated(), ElementsAre(allowed.processIdentifier()));
+    EXPECT_THAT(decisions(),
+                ElementsAre("last-window skipped(dev-mode) Editor", "last-window terminated TEXTEDIT windows=0"));
+
+    desktop.environment().set("AMBREL_SHADOW_MODE", "");
+    auto& shadowed = launchWithWindow("com.apple.TextEdit");
+    shadowed.closeWindows();
+    desktop.advance(10);
+    EXPECT_EQ(terminated().size(), 1U);
+    EXPECT_EQ(decisions().back(), "last-window skipped(shadow-mode) TextEdit");
+    EXPECT_TRUE(log.contains("SHADOW: would have terminated com.apple.TextEdit — skipped (shadow mode)"));
+}
+
+TEST_F(LastWindow, SystemRolesAndAmbrelItselfAreNeverQuit) {
+    start();
+    house().rules.upsert(AppRule("com.apple.finder")); // someone turned the lock around
+    house().rules.upsert(AppRule("app.ambrel.Ambrel"));
+    for (const char* bundleID : {"com.apple.finder", "app.ambrel.Ambrel", "com.apple.dock"}) {
+        launchWithWindow(bundleID).closeWindows();
+    }
+    desktop.advance(10);
+    EXPECT_THAT(terminated(), IsEmpty());
+    EXPECT_THAT(decisions(), IsEmpty());
+}
+
+TEST_F(LastWindow, AReusedProcessIdDoesNotInheritAPendingQuit) {
+    start();
+    auto& old = launchWithWindow();
+    old.closeWindows();
+    desktop.advance(0.2);
+    old.crash();
+    auto& next = desktop.launch("org.example.Other", "Other", {.pid = old.processIdentifier()});
+    desktop.advance(10);
+    EXPECT_THAT(terminated(), IsEmpty());
+    EXPECT_FALSE(next.isTerminated());
+}
+
+TEST_F(LastWindow, ARequestThatIsIgnoredIsNotRepeated) {
+    start();
+    auto& app = launchWithWindow();
+    app.terminateAnswer = simulated::Refuses{};
+    app.closeWindows();
+    desktop.advance(600);
+    EXPECT_EQ(terminated().size(), 1U);
+    EXPECT_THAT(desktop.requests().forceTerminated, IsEmpty());
+}
+
+} // namespace
+} // namespace ambrel

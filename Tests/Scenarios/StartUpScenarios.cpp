@@ -1,0 +1,181 @@
+#include "AppDelegate.h"
+#include "Engine/HotKeyManager.h"
+#include "Engine/QuitAll.h"
+#include "Scenarios/EngineScenario.h"
+#include "UI/Onboarding/OnboardingController.h"
+#include "UI/SettingsWindowController.h"
+#include "UI/StatusBar/StatusItemController.h"
+#include "Updates/UpdateController.h"
+
+#include <optional>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace ambrel {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class StartUp : public EngineScenario {
+protected:
+    void launch() {
+        delegate.emplace(desktop, AppDelegate::Neighbours{
+                                      [this]() -> auto& { return house().settings;
+    }
+    , [this]() -> auto& { return house().guard; }
+    , [this]() -> auto& { return statusItem; }
+    , [this]() -> auto& { return hotKeys; }
+    , [this]() -> auto& { return quitAll; }
+    , [this]() -> auto& { return settingsWindow; }
+    , [this]() -> auto& { return onboarding; }
+    , [this]() -> auto& { return updates.emplace(); }
+    , [this]() -> auto& { return house().notifier; }
+    , [this]() -> auto& { return house().engine; }});
+delegate->applicationDidFinishLaunching();
+desktop.settle();
+} // namespace
+void completeOnboarding() {
+    desktop.userDefaults().productSuite()->set("onboardingCompleted", true);
+}
+[[nodiscard]] std::vector<std::string> lifecycle() {
+    return log.texts("lifecycle");
+}
+
+StatusItemController statusItem;
+HotKeyManager hotKeys;
+QuitAll quitAll;
+SettingsWindowController settingsWindow;
+OnboardingController onboarding;
+std::optional<UpdateController> updates;
+std::optional<AppDelegate> delegate;
+}; // namespace ambrel
+
+TEST_F(StartUp, StartsTheEngineOnATrustedDesktop) {
+    completeOnboarding();
+    launch();
+    EXPECT_THAT(lifecycle(), ElementsAre("Ambrel launched (accessory mode)"));
+    EXPECT_TRUE(log.contains("engine started; monitoring 0 apps"));
+}
+
+TEST_F(StartUp, WithoutTrustTheEngineWaitsForItAndStartsOnce) {
+    completeOnboarding();
+    desktop.accessibility().setTrusted(false);
+    launch();
+    EXPECT_FALSE(log.contains("engine started"));
+    desktop.accessibility().setTrusted(true);
+    desktop.settle();
+    desktop.accessibility().setTrusted(false);
+    desktop.accessibility().setTrusted(true);
+    desktop.settle();
+    EXPECT_EQ(log.count("engine started"), 1U);
+}
+
+TEST_F(StartUp, TheFirstRunEndsInTheEngineOrAtTheGate) {
+    desktop.accessibility().setTrusted(false);
+    launch();
+    EXPECT_FALSE(log.contains("engine started"));
+    desktop.accessibility().setTrusted(true);
+    desktop.settle();
+    EXPECT_EQ(log.count("engine started"), 1U);
+}
+
+TEST_F(StartUp, ASecondCopyGoesAwayBeforeItTouchesAnything) {
+    auto& other = desktop.launch("app.ambrel.Ambrel", "Ambrel", {.policy = ActivationPolicy::accessory});
+    log.expectError("found 1 other Ambrel instance(s): pid(s) " + std::to_string(other.processIdentifier()));
+    log.expectError("another Ambrel instance is already running — this copy will terminate");
+    desktop.application().setActivationPolicy(ActivationPolicy::regular);
+    launch();
+    EXPECT_TRUE(desktop.application().terminated);
+    EXPECT_EQ(desktop.application().activationPolicy(), ActivationPolicy::regular);
+    EXPECT_FALSE(std::filesystem::exists(home.path() / "config" / "Ambrel" / "rules.json"));
+    EXPECT_FALSE(log.contains("Ambrel launched"));
+}
+
+TEST_F(StartUp, ACopyThatIsQuittingIsNoObstacle) {
+    completeOnboarding();
+    desktop.launch("app.ambrel.Ambrel", "Ambrel").crash();
+    launch();
+    EXPECT_FALSE(desktop.application().terminated);
+    EXPECT_TRUE(log.contains("engine started"));
+}
+
+TEST_F(StartUp, TheDockPreferenceIsAppliedAtLaunchAndLive) {
+    house().settings.showDockIcon.set(true);
+    launch();
+    EXPECT_EQ(desktop.application().activationPolicy(), ActivationPolicy::regular);
+    EXPECT_THAT(lifecycle(), ElementsAre("Ambrel launched (Dock icon visible)"));
+
+    desktop.application().visibleTitledWindow = true;
+    house().settings.showDockIcon.set(false);
+    EXPECT_EQ(desktop.application().activationPolicy(), ActivationPolicy::regular) << "kept for the open window";
+    EXPECT_EQ(lifecycle().back(), "dock icon hidden");
+    desktop.application().visibleTitledWindow = false;
+    house().settings.showDockIcon.set(false);
+    EXPECT_EQ(desktop.application().activationPolicy(), ActivationPolicy::accessory);
+}
+
+TEST_F(StartUp, TheHooksGoThroughTheSettersAndOddValuesAreIgnored) {
+    completeOnboarding();
+    desktop.environment().set("AMBREL_HIDE_ICON_AFTER", "1.5");
+    desktop.environment().set("AMBREL_SHOW_DOCK_AFTER", "0");
+    desktop.environment().set("AMBREL_HIDE_DOCK_AFTER", "2x");
+    launch();
+    EXPECT_TRUE(house().settings.showDockIcon.get());
+    EXPECT_EQ(desktop.application().activationPolicy(), ActivationPolicy::regular);
+    desktop.advance(1.4);
+    EXPECT_FALSE(house().settings.hideMenuBarIcon.get());
+    desktop.advance(60);
+    EXPECT_TRUE(desktop.userDefaults().productSuite()->boolForKey("hideMenuBarIcon"));
+    EXPECT_TRUE(house().settings.showDockIcon.get());
+    EXPECT_THAT(lifecycle(),
+                ElementsAre("Ambrel launched (accessory mode)",
+                            "AMBREL_SHOW_DOCK_AFTER: toggling showDockIcon -> true via in-process setter",
+                            "dock icon shown",
+                            "AMBREL_HIDE_ICON_AFTER: toggling hideMenuBarIcon -> true via in-process setter"));
+}
+
+TEST_F(StartUp, QuitAllIsOnlyTestedUnderTheGuard) {
+    completeOnboarding();
+    desktop.environment().set("AMBREL_TEST_QUITALL", "1");
+    launch();
+    desktop.advance(5);
+    EXPECT_FALSE(log.contains("AMBREL_TEST_QUITALL"));
+    desktop.environment().set("AMBREL_DEV_MODE", "");
+    launch();
+    EXPECT_TRUE(log.contains("AMBREL_DEV_MODE active — terminations restricted to whitelist"));
+    desktop.advance(1.5);
+    EXPECT_TRUE(log.contains("AMBREL_TEST_QUITALL: invoking Quit All (dev mode — terminations whitelisted)"));
+}
+
+TEST_F(StartUp, OpeningItAgainShowsTheSettingsUnlessAWindowIsUp) {
+    completeOnboarding();
+    launch();
+    log.clear();
+    desktop.application().visibleTitledWindow = true;
+    desktop.application().reopen();
+    desktop.settle();
+    EXPECT_THAT(log.texts("ui"), IsEmpty());
+    desktop.application().visibleTitledWindow = false;
+    desktop.application().reopen();
+    desktop.settle();
+    EXPECT_EQ(log.texts("ui").size(), 1U);
+}
+
+TEST_F(StartUp, TheFakeClockTakesWholeNumbersOnly) {
+    auto& environment = desktop.environment();
+    const auto shown = [&](const char* value) {
+        environment.set("AMBREL_FAKE_NOW", value);
+        return AppClock::choose(environment, desktop.wallClock())->now().time_since_epoch().count();
+    };
+    const double now = desktop.wallClock().now().time_since_epoch().count();
+    EXPECT_EQ(shown("1.5e3"), 1500);
+    EXPECT_EQ(shown("-1"), -1);
+    for (const char* odd : {"", " 5", "5 ", "5x", "five"}) {
+        EXPECT_EQ(shown(odd), now) << odd;
+    }
+}
+
+} // namespace
+} // namespace ambrel

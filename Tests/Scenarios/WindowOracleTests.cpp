@@ -1,0 +1,46 @@
+#include "Engine/WindowOracle.h"
+#include "Support/AmbrelTest.h"
+
+#include <gtest/gtest.h>
+
+namespace ambrel {
+namespace {
+
+class Oracle : public AmbrelTest {
+protected:
+    std::optional<std::ptrdiff_t> count(const WindowInfo& window) {
+        desktop.windowServer().residue = {window};
+        return WindowOracle(desktop.windowServer()).windowCount(7);
+    }
+};
+
+TEST_F(Oracle, CountsWhateverIsNotShownToBeSomethingElse) {
+    const Rect ordinary{10, 10, 400, 300};
+    EXPECT_EQ(count({7, 0, 1.0, ordinary}), 1);
+    EXPECT_EQ(count({7, 0, std::nullopt, ordinary}), 1);
+    EXPECT_EQ(count({7, 0, 0.06, ordinary}), 1);
+    EXPECT_EQ(count({7, 0, 1.0, std::nullopt}), 1) << "unreadable bounds lean towards a veto";
+    EXPECT_EQ(count({7, 0, 1.0, Rect{0, 0, 64, 64}}), 1);
+    EXPECT_EQ(count({7, 0, 1.0, Rect{0, 0, 1920, 1079}}), 1);
+
+    EXPECT_EQ(count({8, 0, 1.0, ordinary}), 0);
+    EXPECT_EQ(count({std::nullopt, 0, 1.0, ordinary}), 0);
+    EXPECT_EQ(count({7, 3, 1.0, ordinary}), 0);
+    EXPECT_EQ(count({7, std::nullopt, 1.0, ordinary}), 0);
+    EXPECT_EQ(count({7, 0, 0.05, ordinary}), 0);
+    EXPECT_EQ(count({7, 0, 1.0, Rect{0, 0, 63, 500}}), 0);
+    EXPECT_EQ(count({7, 0, 1.0, Rect{0, 0, 1920, 1080}}), 0) << "a whole display is no window";
+}
+
+TEST_F(Oracle, TellsAnEmptyListFromAnUnreadableOne) {
+    const WindowOracle oracle(desktop.windowServer());
+    EXPECT_EQ(oracle.windowCount(7), 0);
+    desktop.windowServer().listUnreadable = true;
+    EXPECT_EQ(oracle.windowCount(7), std::nullopt);
+    desktop.windowServer().listUnreadable = false;
+    desktop.windowServer().displays.reset();
+    EXPECT_EQ(count({7, 0, 1.0, Rect{0, 0, 1920, 1080}}), 1) << "without displays, none of them matches";
+}
+
+} // namespace
+} // namespace ambrel
