@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -16,8 +16,9 @@ inline void writeText(const std::filesystem::path& file, std::string_view text) 
 
 /// Empty too for a file that isn't there.
 inline std::string textOf(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    std::ostringstream text;
+    text << std::ifstream(file, std::ios::binary).rdbuf();
+    return text.str();
 }
 
 /// How many files `folder` holds whose names begin with `prefix`.

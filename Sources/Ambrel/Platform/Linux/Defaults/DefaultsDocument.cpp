@@ -11,7 +11,7 @@ using Json = nlohmann::ordered_json;
 
 // Deeper, writing would exhaust the stack; with more, looking a member up along the list would take seconds.
 constexpr int deepestNesting = 128;
-constexpr int mostMembers = 10'000;
+constexpr int mostMembers = 2'000;
 
 bool isListOfStrings(const Json& value) {
     return value.is_array() &&
