@@ -10,81 +10,117 @@ namespace ambrel {
 namespace {
 
 constexpr int deepestLevel = 4;
-/// Frames have few children; what has many is an application's own pop-up.
-constexpr int mostChildren = 32;
+/// What has more children than any frame is an application's own pop-up.
+constexpr int mostChildren = 128;
 
-struct Candidate {
-    std::size_t top;
+/// A window on the way between a child of the root and a client.
+struct Step {
+    xcb_window_t origin; ///< where the way began
     xcb_window_t window;
 };
+using Level = std::vector<Step>;
 
-struct Question {
-    Candidate candidate;
-    X11PropertyRequest state;
-    xcb_query_tree_cookie_t tree;
-};
+using Tree = X11Message<xcb_query_tree_reply_t>;
 
 class Search {
 public:
-    Search(X11Connection& connection, const X11WindowMirror& mirror, std::size_t size)
-        : connection_(connection), mirror_(mirror), clients_(size) {}
+    Search(X11Connection& connection, std::span<const xcb_window_t> tops) : connection_(connection) {
+        for (const auto top : tops) {
+            clients_[top] = XCB_WINDOW_NONE;
+        }
+    }
 
-    /// Looks at one level and gives the next.
-    std::vector<Candidate> step(const std::vector<Candidate>& level) {
-        std::vector<Question> questions;
-        for (const auto& candidate : level) {
-            auto& client = clients_[candidate.top];
-            if (!client && mirror_.find(candidate.window) != nullptr) {
-                client = candidate.window;
-            } else if (!client) {
-                questions.push_back(ask(candidate));
+    /// Goes up from the clients that are known: a step or two each, of however many parts their frames are made.
+    void climb(const std::vector<xcb_window_t>& known) {
+        Level level;
+        for (const auto client : known) {
+            level.push_back({client, client});
+        }
+        for (int depth = 0; depth < deepestLevel && !level.empty(); ++depth) {
+            level = climbOnce(level);
+        }
+    }
+
+    /// Goes down from where no known client is, to one that the mirror has not taken up yet.
+    void descend() {
+        Level level;
+        for (const auto& [top, client] : clients_) {
+            if (client == XCB_WINDOW_NONE) {
+                level.push_back({top, top});
             }
         }
-        std::vector<Candidate> next;
-        for (const auto& question : questions) {
-            take(question, next);
+        for (int depth = 0; depth < deepestLevel && !level.empty(); ++depth) {
+            level = descendOnce(level);
+        }
+    }
+
+    [[nodiscard]] X11Clients take() && { return std::move(clients_); }
+
+private:
+    Level climbOnce(const Level& level) {
+        std::vector<std::pair<Step, xcb_query_tree_cookie_t>> questions;
+        for (const auto& step : level) {
+            if (const auto top = clients_.find(step.window); top != clients_.end()) {
+                top->second = step.origin;
+            } else {
+                questions.emplace_back(step, xcb_query_tree(connection_.raw(), step.window));
+            }
+        }
+        Level next;
+        for (const auto& [step, cookie] : questions) {
+            const Tree tree(xcb_query_tree_reply(connection_.raw(), cookie, nullptr));
+            if (tree && tree->parent != connection_.root() && tree->parent != XCB_WINDOW_NONE) {
+                next.push_back({step.origin, tree->parent});
+            }
         }
         return next;
     }
 
-    [[nodiscard]] std::vector<std::optional<xcb_window_t>> clients() && { return std::move(clients_); }
-
-private:
-    [[nodiscard]] Question ask(const Candidate& candidate) const {
-        return {candidate, X11PropertyRequest(connection_, candidate.window, connection_.atom(X11Atom::wmState), 8),
-                xcb_query_tree(connection_.raw(), candidate.window)};
+    Level descendOnce(const Level& level) {
+        struct Question {
+            Step step;
+            X11PropertyRequest state;
+            xcb_query_tree_cookie_t tree;
+        };
+        std::vector<Question> questions;
+        for (const auto& step : level) {
+            questions.push_back({step,
+                                 X11PropertyRequest(connection_, step.window, connection_.atom(X11Atom::wmState), 8),
+                                 xcb_query_tree(connection_.raw(), step.window)});
+        }
+        Level next;
+        for (const auto& question : questions) {
+            const bool isClient = question.state.take().exists();
+            const Tree tree(xcb_query_tree_reply(connection_.raw(), question.tree, nullptr));
+            if (isClient) {
+                clients_[question.step.origin] = question.step.window;
+            } else {
+                addChildren(question.step, tree, next);
+            }
+        }
+        std::erase_if(next, [this](const Step& step) { return clients_[step.origin] != XCB_WINDOW_NONE; });
+        return next;
     }
 
-    void take(const Question& question, std::vector<Candidate>& next) {
-        const X11Message<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(connection_.raw(), question.tree, nullptr));
-        auto& client = clients_[question.candidate.top];
-        if (question.state.take().exists() && !client) {
-            client = question.candidate.window;
-        }
-        const int children = tree ? xcb_query_tree_children_length(tree.get()) : 0;
-        for (int child = 0; !client && children <= mostChildren && child < children; ++child) {
-            next.push_back({question.candidate.top, xcb_query_tree_children(tree.get())[child]});
+    static void addChildren(const Step& step, const Tree& tree, Level& next) {
+        const int count = tree ? xcb_query_tree_children_length(tree.get()) : 0;
+        for (int child = 0; count <= mostChildren && child < count; ++child) {
+            next.push_back({step.origin, xcb_query_tree_children(tree.get())[child]});
         }
     }
 
     X11Connection& connection_;
-    const X11WindowMirror& mirror_;
-    std::vector<std::optional<xcb_window_t>> clients_;
+    X11Clients clients_;
 };
 
 } // namespace
 
-std::vector<std::optional<xcb_window_t>> findX11Clients(X11Connection& connection, const X11WindowMirror& mirror,
-                                                        std::span<const xcb_window_t> tops) {
-    Search search(connection, mirror, tops.size());
-    std::vector<Candidate> level;
-    for (std::size_t top = 0; top < tops.size(); ++top) {
-        level.push_back({top, tops[top]});
-    }
-    for (int depth = 0; depth < deepestLevel && !level.empty(); ++depth) {
-        level = search.step(level);
-    }
-    return std::move(search).clients();
+X11Clients findX11Clients(X11Connection& connection, const X11WindowMirror& mirror,
+                          std::span<const xcb_window_t> tops) {
+    Search search(connection, tops);
+    search.climb(mirror.clientList());
+    search.descend();
+    return std::move(search).take();
 }
 
 } // namespace ambrel

@@ -2,17 +2,19 @@
 
 #include "Platform/Linux/X11Connection.h"
 
-#include <optional>
 #include <span>
-#include <vector>
+#include <unordered_map>
 
 namespace ambrel {
 
 class X11WindowMirror;
 
-/// For each of `tops`, children of the root, the client window that its frame holds, or that it is itself: one
-/// that is in the mirror, or else carries WM_STATE. Absent where there is none within a few levels.
-[[nodiscard]] std::vector<std::optional<xcb_window_t>>
-findX11Clients(X11Connection& connection, const X11WindowMirror& mirror, std::span<const xcb_window_t> tops);
+/// A child of the root, and the client window that its frame holds or that it is itself; 0 where there is none.
+using X11Clients = std::unordered_map<xcb_window_t, xcb_window_t>;
+
+/// Finds the clients in `tops`, children of the root: managed ones, and others that carry WM_STATE. Takes as many
+/// exchanges with the server as frames are deep.
+[[nodiscard]] X11Clients findX11Clients(X11Connection& connection, const X11WindowMirror& mirror,
+                                        std::span<const xcb_window_t> tops);
 
 } // namespace ambrel

@@ -38,6 +38,8 @@ public:
     /// What has happened to application windows of identified processes since the last call, in order.
     [[nodiscard]] std::vector<WindowChange> takeChanges();
 
+    /// As the window manager gave it, less what has been destroyed since.
+    [[nodiscard]] const std::vector<xcb_window_t>& clientList() const { return list_; }
     [[nodiscard]] const X11Window* find(xcb_window_t window) const;
     [[nodiscard]] std::vector<DesktopWindow> windows(ProcessId pid) const;
     [[nodiscard]] std::vector<ProcessId> processes() const;

@@ -90,14 +90,15 @@ std::optional<std::vector<WindowInfo>> X11WindowServer::onScreenWindows() const 
     std::transform(tops->begin(), tops->end(), std::back_inserter(ids), [](const Top& top) { return top.window; });
     const auto clients = findX11Clients(connection_, mirror_, ids);
     std::vector<DetailQuery> details;
-    for (std::size_t index = 0; index < ids.size(); ++index) {
-        details.emplace_back(connection_, mirror_, ids[index], clients[index].value_or(ids[index]));
+    for (const auto id : ids) {
+        const auto client = clients.at(id);
+        details.emplace_back(connection_, mirror_, id, client != XCB_WINDOW_NONE ? client : id);
     }
     std::vector<WindowInfo> list;
     for (std::size_t index = 0; index < ids.size(); ++index) {
         const auto& top = (*tops)[index];
         list.push_back({.ownerPID = details[index].takeOwner(),
-                        .layer = layer(top, clients[index]),
+                        .layer = layer(top, clients.at(top.window)),
                         .alpha = details[index].takeAlpha(),
                         .bounds = top.bounds});
     }
@@ -131,12 +132,11 @@ std::optional<std::vector<X11WindowServer::Top>> X11WindowServer::visibleTops() 
     return tops;
 }
 
-int X11WindowServer::layer(const Top& top, const std::optional<xcb_window_t>& client) const {
-    const auto* const known = client ? mirror_.find(*client) : nullptr;
-    if (known != nullptr) {
+int X11WindowServer::layer(const Top& top, xcb_window_t client) const {
+    if (const auto* const known = mirror_.find(client)) {
         return layerOfKind(known->window.kind);
     }
-    return !client && top.overrideRedirect ? overlayLayer : applicationLayer;
+    return client == XCB_WINDOW_NONE && top.overrideRedirect ? overlayLayer : applicationLayer;
 }
 
 std::optional<std::vector<Rect>> X11WindowServer::onlineDisplays(std::size_t limit) const {

@@ -26,7 +26,7 @@ private:
         std::optional<Rect> bounds;
     };
     [[nodiscard]] std::optional<std::vector<Top>> visibleTops() const;
-    [[nodiscard]] int layer(const Top& top, const std::optional<xcb_window_t>& client) const;
+    [[nodiscard]] int layer(const Top& top, xcb_window_t client) const;
     [[nodiscard]] std::optional<std::vector<Rect>> monitors() const;
     [[nodiscard]] std::optional<Rect> screenBounds() const;
 
