@@ -1,0 +1,121 @@
+#include "Platform/Linux/LinuxPlatform.h"
+
+#include "Core/Clock.h"
+#include "Core/Logger.h"
+#include "Platform/Linux/ApplicationIdentifier.h"
+#include "Platform/Linux/Defaults/JsonUserDefaults.h"
+#include "Platform/Linux/LinuxAccessibility.h"
+#include "Platform/Linux/LinuxApplicationHost.h"
+#include "Platform/Linux/LinuxBundle.h"
+#include "Platform/Linux/LinuxMainQueue.h"
+#include "Platform/Linux/LinuxWorkspace.h"
+#include "Platform/Linux/ProcessEnvironment.h"
+#include "Platform/Linux/ProgramPresence.h"
+#include "Platform/Linux/QuitRequest.h"
+#include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/X11Connection.h"
+#include "Platform/Linux/X11WindowServer.h"
+#include "Platform/Linux/X11WindowSource.h"
+#include "Platform/Linux/XdgFileLocations.h"
+
+#include <utility>
+
+#include <QCoreApplication>
+
+namespace ambrel {
+
+namespace {
+
+constexpr Logger logger("lifecycle");
+constexpr Seconds connectingLimit{5};
+
+void endWithoutServer() {
+    logger.error("connection to the X server lost");
+    QCoreApplication::exit(1);
+}
+
+} // namespace
+
+struct LinuxPlatform::Parts {
+    explicit Parts(std::unique_ptr<X11Connection> opened) : connection(std::move(opened)) {
+        lost = connection->lost.subscribe(endWithoutServer);
+        connection->start();
+    }
+
+    SystemClock clock;
+    LinuxMainQueue queue;
+    ProcessEnvironment environment;
+    XdgFileLocations files{environment};
+    LinuxBundle bundle = LinuxBundle::ofThisProcess();
+    JsonUserDefaults defaults{files.applicationSupport() / "Ambrel", clock};
+    std::unique_ptr<X11Connection> connection;
+    X11WindowSource windows{*connection, queue};
+    X11WindowServer windowServer{*connection, windows.mirror()};
+    SessionBus bus;
+    ProgramPresence presence{bus};
+    LinuxApplicationHost host{presence};
+    QuitRequest quitRequest{bus};
+    ApplicationIdentifier identifier;
+    LinuxWorkspace workspace{{windows, quitRequest, queue}, identifier, presence, bundle.bundleIdentifier()};
+    LinuxAccessibility accessibility{windows, workspace};
+    Subscription lost;
+};
+
+LinuxPlatform::Creation LinuxPlatform::create() {
+    auto opened = X11Connection::open({}, connectingLimit);
+    if (auto* const failure = std::get_if<FileFailure>(&opened)) {
+        return std::move(*failure);
+    }
+    auto parts = std::make_unique<Parts>(std::move(std::get<std::unique_ptr<X11Connection>>(opened)));
+    return std::unique_ptr<LinuxPlatform>(new LinuxPlatform(std::move(parts)));
+}
+
+LinuxPlatform::LinuxPlatform(std::unique_ptr<Parts> parts) : parts_(std::move(parts)) {}
+
+LinuxPlatform::~LinuxPlatform() = default;
+
+Workspace& LinuxPlatform::workspace() {
+    return parts_->workspace;
+}
+
+Accessibility& LinuxPlatform::accessibility() {
+    return parts_->accessibility;
+}
+
+WindowServer& LinuxPlatform::windowServer() {
+    return parts_->windowServer;
+}
+
+UserDefaults& LinuxPlatform::userDefaults() {
+    return parts_->defaults;
+}
+
+Bundle& LinuxPlatform::bundle() {
+    return parts_->bundle;
+}
+
+FileLocations& LinuxPlatform::fileLocations() {
+    return parts_->files;
+}
+
+Environment& LinuxPlatform::environment() {
+    return parts_->environment;
+}
+
+ApplicationHost& LinuxPlatform::application() {
+    return parts_->host;
+}
+
+MainQueue& LinuxPlatform::mainQueue() {
+    return parts_->queue;
+}
+
+const Clock& LinuxPlatform::wallClock() const {
+    return parts_->clock;
+}
+
+LinuxApplicationHost& LinuxPlatform::applicationHost() {
+    return parts_->host;
+}
+
+} // namespace ambrel

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Core/Files.h"
+#include "Platform/Platform.h"
+
+#include <memory>
+#include <variant>
+
+namespace ambrel {
+
+class LinuxApplicationHost;
+
+/// The desktop of an X11 session. Made after Qt's application object and destroyed before it.
+class LinuxPlatform final : public Platform {
+public:
+    using Creation = std::variant<std::unique_ptr<LinuxPlatform>, FileFailure>;
+
+    /// Fails where there is no X server to talk to. If the server goes later, a line is logged and the event loop
+    /// ends with status 1.
+    [[nodiscard]] static Creation create();
+    LinuxPlatform(const LinuxPlatform&) = delete;
+    LinuxPlatform& operator=(const LinuxPlatform&) = delete;
+    ~LinuxPlatform() override;
+
+    [[nodiscard]] Workspace& workspace() override;
+    [[nodiscard]] Accessibility& accessibility() override;
+    [[nodiscard]] WindowServer& windowServer() override;
+    [[nodiscard]] UserDefaults& userDefaults() override;
+    [[nodiscard]] Bundle& bundle() override;
+    [[nodiscard]] FileLocations& fileLocations() override;
+    [[nodiscard]] Environment& environment() override;
+    [[nodiscard]] ApplicationHost& application() override;
+    [[nodiscard]] MainQueue& mainQueue() override;
+    [[nodiscard]] const Clock& wallClock() const override;
+
+    /// For the user interface, which owns the windows that the host speaks of.
+    [[nodiscard]] LinuxApplicationHost& applicationHost();
+
+private:
+    struct Parts;
+    explicit LinuxPlatform(std::unique_ptr<Parts> parts);
+
+    std::unique_ptr<Parts> parts_;
+};
+
+} // namespace ambrel
