@@ -46,7 +46,7 @@ public:
             return {AXError::cannotComplete, std::nullopt};
         }
         if (!workspace_.runningApplication(pid_)) {
-            return {AXError::failure, std::nullopt};
+            return {AXError::noValue, std::nullopt};
         }
         std::vector<WindowElement> elements;
         for (const auto& window : windows_.windows(pid_)) {
@@ -112,6 +112,9 @@ std::unique_ptr<ApplicationElement> LinuxAccessibility::createApplication(Proces
 }
 
 ObserverCreation LinuxAccessibility::createObserver(ProcessId pid, AccessibilityCallback callback) {
+    if (!workspace_.runningApplication(pid)) {
+        return {AXError::failure, nullptr};
+    }
     return {AXError::success, std::make_unique<LinuxObserver>(windows_, notifications_[pid], std::move(callback))};
 }
 
