@@ -1,0 +1,117 @@
+#include "Core/ExceptionLogger.h"
+#include "Platform/Linux/JournalSink.h"
+#include "Platform/Linux/LinuxBundle.h"
+#include "Platform/Linux/ProcessEnvironment.h"
+#include "Platform/Linux/XdgFileLocations.h"
+#include "Support/TemporaryFolder.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <stdexcept>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace ambrel {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(LinuxBundleTests, IsTheNearestFolderThatSaysWhoItIs) {
+    const TemporaryFolder home;
+    const auto app = home.path() / "Ambrel.app";
+    const auto executable = app / "Inner.app" / "bin" / "ambrel";
+    fs::create_directories(executable.parent_path());
+    const auto identifierWith = [&](const std::string& info) {
+        std::ofstream(app / "Info.json") << info;
+        return LinuxBundle(executable).bundleIdentifier();
+    };
+    EXPECT_EQ(identifierWith(R"({"identifier": "app.ambrel.Ambrel", "version": "1.2"})"), "app.ambrel.Ambrel");
+    EXPECT_EQ(LinuxBundle(executable).bundleURL(), app);
+    EXPECT_EQ(LinuxBundle(executable).version(), "1.2");
+    EXPECT_EQ(LinuxBundle(home.path() / "ambrel").bundleURL(), home.path());
+
+    for (const auto* const info : {"", "{", "[]", "7", R"({"identifier": 7})", R"({"version": "1"})"}) {
+        EXPECT_FALSE(identifierWith(info)) << info;
+        EXPECT_EQ(LinuxBundle(executable).bundleURL(), executable.parent_path()) << info;
+        EXPECT_FALSE(LinuxBundle(executable).version()) << info;
+    }
+    fs::remove(app / "Info.json");
+    EXPECT_FALSE(LinuxBundle(executable).bundleIdentifier());
+    EXPECT_EQ(LinuxBundle::ofThisProcess().bundleURL(), fs::read_symlink("/proc/self/exe").parent_path());
+}
+
+TEST(XdgFileLocationsTests, IgnoresInvalidFolders) {
+    const ProcessEnvironment environment;
+    const XdgFileLocations locations(environment);
+    const auto home = fs::path(environment.value("HOME").value());
+    const auto kept = environment.value("XDG_CONFIG_HOME").value();
+    EXPECT_EQ(locations.applicationSupport(), kept);
+    for (const auto* const invalid : {"", "relative/folder"}) {
+        setenv("XDG_CONFIG_HOME", invalid, 1);
+        setenv("XDG_STATE_HOME", invalid, 1);
+        EXPECT_EQ(locations.applicationSupport(), home / ".config");
+        EXPECT_EQ(locations.logs(), home / ".local/state");
+    }
+    setenv("XDG_STATE_HOME", "/elsewhere", 1);
+    EXPECT_EQ(locations.logs(), "/elsewhere");
+    setenv("HOME", "", 1);
+    EXPECT_TRUE(locations.applicationSupport().is_absolute());
+    setenv("HOME", home.c_str(), 1);
+    setenv("XDG_CONFIG_HOME", kept.c_str(), 1);
+    unsetenv("XDG_STATE_HOME");
+}
+
+TEST(JournalSinkTests, LinesOfSeveralThreadsStayWhole) {
+    testing::internal::CaptureStderr();
+    {
+        JournalSink sink;
+        sink.write("engine", LogLevel::error, "went wrong");
+        sink.write("engine", LogLevel::debug, "for the journal alone");
+        std::vector<std::jthread> threads;
+        for (int i = 0; i < 4; ++i) {
+            threads.emplace_back([&] {
+                for (int j = 0; j < 100; ++j) {
+                    sink.write("rules", LogLevel::standard, std::string(200, 'x'));
+                }
+            });
+        }
+    }
+    std::istringstream output(testing::internal::GetCapturedStderr());
+    const auto expectLine = [](const std::string& line, const std::string& rest) {
+        EXPECT_EQ(line.substr(std::min<std::size_t>(12, line.size())), rest);
+        EXPECT_EQ(std::count(line.begin(), line.begin() + 12, ':'), 2) << line;
+    };
+    std::string line;
+    std::getline(output, line);
+    expectLine(line, " error engine: went wrong");
+    int count = 0;
+    for (; std::getline(output, line); ++count) {
+        expectLine(line, " rules: " + std::string(200, 'x'));
+    }
+    EXPECT_EQ(count, 400);
+}
+
+void dieOf(void (*cause)()) {
+    static JournalSink sink;
+    LogSink::install(&sink);
+    installExceptionLogger();
+    // A second one must not make the handler its own successor.
+    installExceptionLogger();
+    // Beside the test's own frames, which would catch it.
+    std::thread(cause).join();
+}
+
+TEST(ExceptionLoggerDeathTest, NamesWhatNobodyCaught) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_DEATH(dieOf([] { throw std::runtime_error("no fuel"); }),
+                 "fault crash: uncaught std::runtime_error: no fuel\n(.|\n)*terminate called after");
+    EXPECT_DEATH(dieOf([] { throw 7; }), "fault crash: uncaught int: nil\n");
+    EXPECT_DEATH(dieOf([] { std::terminate(); }), "fault crash: uncaught nil: nil\n");
+}
+
+} // namespace
+
+} // namespace ambrel

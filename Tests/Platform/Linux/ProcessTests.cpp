@@ -1,0 +1,107 @@
+#include "Platform/Linux/ChildProcess.h"
+#include "Platform/Linux/EventLoop.h"
+#include "Platform/Linux/Process.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/prctl.h>
+#include <unistd.h>
+
+namespace ambrel {
+
+namespace {
+
+void waitForSignals() {
+    while (true) {
+        pause();
+    }
+}
+
+TEST(ProcessTests, TellsOfTheEndOnceAndFromTheEventLoop) {
+    ChildProcess child(waitForSignals);
+    int ends = 0;
+    const auto process = Process::open(child.pid(), [&] { ++ends; });
+    ASSERT_TRUE(process);
+    EXPECT_FALSE(process->hasExited());
+    const Seconds age = SystemClock().now() - process->startDate();
+    EXPECT_LT(std::abs(age.count()), 3);
+
+    EXPECT_TRUE(process->signal(SIGTERM));
+    child.awaitEnd();
+    EXPECT_EQ(ends, 0);
+    EXPECT_TRUE(runUntil([&] { return ends > 0; }));
+    EXPECT_EQ(child.collect(), SIGTERM);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ends, 1);
+}
+
+TEST(ProcessTests, ZombieHasEndedAndTakesNoSignal) {
+    ChildProcess child(waitForSignals);
+    const auto process = Process::open(child.pid(), [] {});
+    ASSERT_TRUE(process);
+    child.signal(SIGKILL);
+    child.awaitEnd();
+    EXPECT_TRUE(process->hasExited());
+    EXPECT_FALSE(process->signal(SIGTERM));
+    EXPECT_FALSE(Process::open(child.pid(), [] {}));
+
+    const auto gone = child.pid();
+    child.collect();
+    EXPECT_TRUE(process->hasExited());
+    EXPECT_FALSE(process->signal(SIGTERM));
+    EXPECT_FALSE(Process::open(gone, [] {}));
+}
+
+TEST(ProcessTests, StoppedProcessIsAlive) {
+    ChildProcess child(waitForSignals);
+    bool ended = false;
+    const auto process = Process::open(child.pid(), [&] { ended = true; });
+    child.signal(SIGSTOP);
+    child.awaitStop();
+    EXPECT_TRUE(process->signal(SIGTERM));
+    EXPECT_FALSE(process->hasExited());
+    child.signal(SIGCONT);
+    EXPECT_TRUE(runUntil([&] { return ended; }));
+}
+
+TEST(ProcessTests, MayBeDroppedByTheNewsOfItsEnd) {
+    ChildProcess child(waitForSignals);
+    std::shared_ptr<Process> process;
+    process = Process::open(child.pid(), [&] { process.reset(); });
+    child.signal(SIGKILL);
+    EXPECT_TRUE(runUntil([&] { return process == nullptr; }));
+}
+
+TEST(ProcessTests, DroppedProcessIsSilent) {
+    ChildProcess child(waitForSignals);
+    bool told = false;
+    Process::open(child.pid(), [&] { told = true; }).reset();
+    bool otherTold = false;
+    const auto other = Process::open(child.pid(), [&] { otherTold = true; });
+    child.signal(SIGKILL);
+    EXPECT_TRUE(runUntil([&] { return otherTold; }));
+    EXPECT_FALSE(told);
+}
+
+TEST(ProcessTests, OursByUserEvenWhenUntraceable) {
+    ChildProcess hardened([] {
+        prctl(PR_SET_DUMPABLE, 0);
+        waitForSignals();
+    });
+    EXPECT_TRUE(Process::open(hardened.pid(), [] {}));
+    EXPECT_FALSE(Process::open(0, [] {}));
+    EXPECT_FALSE(Process::open(-1, [] {}));
+    if (geteuid() != 0) {
+        EXPECT_FALSE(Process::open(1, [] {}));
+        return;
+    }
+    ChildProcess foreign(
+        std::vector<std::string>{"setpriv", "--reuid=65534", "--clear-groups", "sh", "-c", "echo ready; exec sleep 60"},
+        {{"PATH", "/usr/bin:/bin"}});
+    ASSERT_EQ(foreign.readLine(), "ready");
+    EXPECT_FALSE(Process::open(foreign.pid(), [] {}));
+}
+
+} // namespace
+
+} // namespace ambrel

@@ -1,0 +1,177 @@
+#include "Platform/Linux/EventLoop.h"
+#include "Platform/Linux/PrivateBus.h"
+#include "Platform/Linux/ProcFiles.h"
+#include "Platform/Linux/Process.h"
+#include "Platform/Linux/QuitRequest.h"
+#include "Platform/Linux/SessionBus.h"
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace ambrel {
+
+namespace {
+
+/// An application with actions of its own.
+struct Application {
+    explicit Application(const PrivateBus& bus, std::vector<std::string> actions)
+        : child(command(std::move(actions)), {{"DBUS_SESSION_BUS_ADDRESS", bus.address}}),
+          busName(child.readLine().value_or("")), process(Process::open(child.pid(), [] {})) {}
+
+    static std::vector<std::string> command(std::vector<std::string> actions) {
+        actions.insert(actions.begin(), ACTION_RESPONDER);
+        return actions;
+    }
+
+    [[nodiscard]] QuitActionAddress address() const { return {busName, "/app"}; }
+
+    /// Everything that it was told until now.
+    std::vector<std::string> heard() {
+        child.signal(SIGWINCH);
+        std::vector<std::string> lines;
+        for (auto line = child.readLine(); line && line != "done"; line = child.readLine()) {
+            lines.push_back(*line);
+        }
+        return lines;
+    }
+
+    ChildProcess child;
+    std::string busName;
+    std::shared_ptr<Process> process;
+};
+
+/// The stopped process has a SIGTERM to handle when it goes on.
+bool signalPending(pid_t pid) {
+    const auto status = readProcFile(pid, "status").value_or("");
+    const auto found = status.find("ShdPnd:\t");
+    return found != std::string::npos && (std::stoull(status.substr(found + 8), nullptr, 16) >> (SIGTERM - 1) & 1) != 0;
+}
+
+using Lines = std::vector<std::string>;
+const std::string activation = "sava{sv} quit";
+
+class QuitRequestTests : public testing::Test {
+protected:
+    QuitRequestTests() { EXPECT_TRUE(sessionBus.connection(Seconds(10))); }
+
+    /// Runs the loop until the application has heard something.
+    static Lines awaitNews(Application& application) {
+        Lines lines;
+        EXPECT_TRUE(runUntil([&] {
+            const auto more = application.heard();
+            lines.insert(lines.end(), more.begin(), more.end());
+            return !lines.empty();
+        }));
+        return lines;
+    }
+
+    PrivateBus bus;
+    SessionBus sessionBus;
+    QuitRequest request{sessionBus};
+};
+
+TEST_F(QuitRequestTests, CallsTheActionAndSendsNoSignalEver) {
+    Application application(bus, {"open", "quit"});
+    request.quit(application.process, application.address());
+    request.quit(application.process, application.address());
+    EXPECT_EQ(awaitNews(application), Lines{activation});
+    request.quit(application.process, std::nullopt);
+    EXPECT_EQ(application.heard(), Lines{});
+}
+
+TEST_F(QuitRequestTests, OneSignalWhereThereIsNoAction) {
+    Application application(bus, {"open", "quit-all"});
+    request.quit(application.process, application.address());
+    EXPECT_EQ(awaitNews(application), Lines{"SIGTERM"});
+    request.quit(application.process, std::nullopt);
+    EXPECT_EQ(application.heard(), Lines{}) << "many programs die of the second signal";
+
+    Application other(bus, {"quit"});
+    request.quit(other.process, std::nullopt);
+    EXPECT_EQ(other.heard(), Lines{"SIGTERM"});
+}
+
+TEST_F(QuitRequestTests, AddressOfAnotherProcessIsNotCalled) {
+    Application application(bus, {});
+    Application bystander(bus, {"quit"});
+    request.quit(application.process, bystander.address());
+    EXPECT_EQ(awaitNews(application), Lines{"SIGTERM"});
+    EXPECT_EQ(bystander.heard(), Lines{});
+}
+
+TEST_F(QuitRequestTests, AddressesOfNobodyLeadToTheSignal) {
+    for (const auto& address : {QuitActionAddress{":1.9999", "/app"}, QuitActionAddress{"", ""},
+                                QuitActionAddress{"org.example.Absent", "/app"}, QuitActionAddress{"\xff", "app"}}) {
+        Application application(bus, {"quit"});
+        request.quit(application.process, address);
+        EXPECT_EQ(awaitNews(application), Lines{"SIGTERM"}) << address.busName;
+    }
+    for (const auto* const path : {"", "no path", "/elsewhere"}) {
+        Application application(bus, {"quit"});
+        request.quit(application.process, QuitActionAddress{application.busName, path});
+        EXPECT_EQ(awaitNews(application), Lines{"SIGTERM"}) << path;
+    }
+}
+
+TEST_F(QuitRequestTests, HungApplicationGetsTheSignal) {
+    Application application(bus, {"quit"});
+    application.child.signal(SIGSTOP);
+    application.child.awaitStop();
+    request.quit(application.process, application.address());
+    EXPECT_TRUE(runUntil([&] { return signalPending(application.child.pid()); }));
+    application.child.signal(SIGCONT);
+    EXPECT_EQ(application.heard(), Lines{"SIGTERM"});
+}
+
+TEST_F(QuitRequestTests, HungBusLeadsToTheSignal) {
+    Application application(bus, {"quit"});
+    bus.daemon.signal(SIGSTOP);
+    bus.daemon.awaitStop();
+    request.quit(application.process, application.address());
+    EXPECT_EQ(awaitNews(application), Lines{"SIGTERM"});
+    bus.daemon.signal(SIGCONT);
+}
+
+TEST_F(QuitRequestTests, EndedProcessIsLeftAlone) {
+    Application application(bus, {"quit"});
+    request.quit(application.process, application.address());
+    application.child.signal(SIGKILL);
+    application.child.awaitEnd();
+    request.quit(application.process, std::nullopt);
+    EXPECT_EQ(application.child.collect(), SIGKILL);
+}
+
+TEST_F(QuitRequestTests, MayEndInTheMiddleOfAConversation) {
+    Application application(bus, {"quit"});
+    std::make_unique<QuitRequest>(sessionBus)->quit(application.process, application.address());
+    // The bus keeps the order: when this has been answered, the other question has been too.
+    Application other(bus, {"quit"});
+    request.quit(other.process, other.address());
+    EXPECT_EQ(awaitNews(other), Lines{activation});
+    EXPECT_EQ(application.heard(), Lines{});
+}
+
+TEST(SessionBusTests, HoldsNobodyUp) {
+    EXPECT_FALSE(SessionBus().connection(Seconds(10))) << "a bus was started";
+
+    const TemporaryFolder folder;
+    sockaddr_un address{AF_UNIX, {}};
+    (folder.path() / "bus").string().copy(address.sun_path, sizeof address.sun_path - 1);
+    const int deaf = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    ASSERT_EQ(bind(deaf, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(listen(deaf, 5), 0);
+    setenv("DBUS_SESSION_BUS_ADDRESS", fmt::format("unix:path={}", address.sun_path).c_str(), 1);
+    SessionBus bus;
+    EXPECT_FALSE(bus.connection());
+    EXPECT_FALSE(bus.connection(Seconds(0.05)));
+    close(deaf);
+    unsetenv("DBUS_SESSION_BUS_ADDRESS");
+}
+
+} // namespace
+
+} // namespace ambrel
