@@ -16,6 +16,8 @@ public:
     explicit X11Property(X11Message<xcb_get_property_reply_t> reply) : reply_(std::move(reply)) {}
 
     [[nodiscard]] bool exists() const;
+    /// The server answered that there is none; without an answer, nothing is known.
+    [[nodiscard]] bool isAbsent() const { return reply_ && !exists(); }
     [[nodiscard]] bool isComplete() const { return exists() && reply_->bytes_after == 0; }
     [[nodiscard]] bool isWords() const { return exists() && reply_->format == 32; }
     /// The values of a 32-bit property; none where it is of another format.

@@ -46,16 +46,11 @@ void X11WindowManager::handleProperty(const xcb_property_notify_event_t& propert
     } else if (ofRoot && property.atom == connection_.atom(X11Atom::netSupported)) {
         doubt();
     } else if (ofRoot && property.atom == connection_.atom(X11Atom::netClientList)) {
-        handleList(property.state == XCB_PROPERTY_NEW_VALUE);
-    }
-}
-
-void X11WindowManager::handleList(bool isSet) {
-    if (isSet) {
-        ++publications_;
-        settle();
-    } else {
-        lose();
+        // Some delete the list when no window is left, so a deletion alone is no sign of their going.
+        if (property.state == XCB_PROPERTY_NEW_VALUE) {
+            ++publications_;
+            settle();
+        }
     }
 }
 

@@ -26,7 +26,7 @@ public:
     void handle(const xcb_generic_event_t& event);
     /// Looks again where an event gave cause to.
     void update();
-    /// Its list is gone, or can't be read.
+    /// Its list can't be read.
     void lose();
 
     /// Trust has ended, or come back.
@@ -40,7 +40,6 @@ private:
     };
     [[nodiscard]] Announcement readAnnouncement();
     void handleProperty(const xcb_property_notify_event_t& property);
-    void handleList(bool isSet);
     void doubt();
     void adopt(const Announcement& announced);
     void settle();

@@ -92,7 +92,7 @@ void X11WindowSource::readClientList() {
     if (list.exists() && !list.isComplete()) {
         list = X11PropertyRequest(connection_, connection_.root(), atom, hardLimit).take();
     }
-    if (list.isComplete() && list.isWords()) {
+    if (list.isAbsent() || (list.isComplete() && list.isWords())) {
         mirror_.setClientList(list.words());
     } else {
         manager_.lose();
