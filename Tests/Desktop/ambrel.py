@@ -25,10 +25,9 @@ class Ambrel(Program):
         if rules is not None:
             (config / "rules.json").write_text(json.dumps(rules))
         self.decisions_file = folder / "state" / "Ambrel" / "terminations.log"
-        command = ["env", *(f"-u{name}" for name in os.environ if name.startswith("AMBREL_")),
-                   *(f"{name}={value}" for name, value in (environment or {}).items()), APPLICATION]
-        super().__init__(command, name="ambrel", environment={"XDG_CONFIG_HOME": str(folder / "config"),
-                                                              "XDG_STATE_HOME": str(folder / "state")})
+        own = {name: value for name, value in os.environ.items() if not name.startswith("AMBREL_")}
+        own.update(environment or {}, XDG_CONFIG_HOME=str(folder / "config"), XDG_STATE_HOME=str(folder / "state"))
+        super().__init__([APPLICATION], environment=own, name="ambrel")
 
     def wait_for_start(self):
         self.wait_for(re.compile(r"engine: engine started; monitoring \d+ apps$"))

@@ -1,6 +1,5 @@
 """Programs under test, the lines they print, and waiting for what they do with a deadline instead of a sleep."""
 import collections
-import os
 import pathlib
 import signal
 import subprocess
@@ -35,14 +34,17 @@ def wait_until(predicate, what, seconds=DEADLINE_SECONDS):
 
 
 class Program:
-    """A running program with its standard output and error as lines, each with the monotonic time of its arrival."""
+    """A running program with its standard output and error as lines, each with the monotonic time of its arrival.
+
+    Its environment is the caller's, or exactly the given one.
+    """
 
     def __init__(self, command, environment=None, name=None):
         self.name = name or pathlib.Path(command[0]).name
         self.lines = []
         self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                                         stderr=subprocess.STDOUT, text=True, errors="replace", bufsize=1,
-                                        env={**os.environ, **(environment or {})})
+                                        env=environment)
         self._reader = threading.Thread(target=self._read, daemon=True)
         self._reader.start()
 

@@ -31,4 +31,4 @@ class Sample(Program):
         """Opens a window, or a dialog and so on, and returns its id once it is on screen."""
         begin = len(self.lines)
         self.say(how)
-        return self.wait_for(re.compile(r"^window 0x\w+ open$"), after=begin).text.split()[1]
+        return self.wait_for(re.compile(r"\bwindow (0x\w+) open$"), after=begin).text.split()[-2]
