@@ -98,7 +98,9 @@ TEST_F(AppRulesSeedingTest, IdleBehaviourIsClearedOnce) {
     writeText(file, encode({{a, AppRule("c"), b}, AppRule::initialDefaultRule()}));
     auto store = start();
     EXPECT_TRUE(log.contains("safety idle reset: forced 2 rule(s) idle->none (re-opt-in required): a=quit, b=hide"));
-    for (const auto& rule : decodePersisted(textOf(file))->rules) {
+    const auto saved = decodePersisted(textOf(file));
+    ASSERT_TRUE(saved);
+    for (const auto& rule : saved->rules) {
         EXPECT_EQ(rule.idleBehavior, AppRule::IdleBehavior::none) << rule.bundleIdentifier();
     }
     store.upsert(b);
