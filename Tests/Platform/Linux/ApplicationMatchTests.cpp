@@ -31,6 +31,7 @@ const DesktopEntryIndex& installed() {
         {"c-shown", "Suite", "suite", true},
         {"chrome-app", "crx_abc", "chrome", true},
         {"chrome", "Google-chrome", "chrome", true},
+        {"", "", "", true}, // a file called ".desktop"
     });
     return index;
 }

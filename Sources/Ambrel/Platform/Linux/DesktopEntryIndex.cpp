@@ -26,6 +26,8 @@ bool endsInComponent(std::string_view id, std::string_view name) {
 } // namespace
 
 DesktopEntryIndex::DesktopEntryIndex(std::vector<DesktopEntryRecord> records) : records_(std::move(records)) {
+    // A file called ".desktop" would stand for every process of which nothing is known.
+    std::erase_if(records_, [](const auto& record) { return record.id.empty(); });
     std::sort(records_.begin(), records_.end(), idLess);
     records_.shrink_to_fit();
 }

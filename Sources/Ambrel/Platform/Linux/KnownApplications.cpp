@@ -32,12 +32,16 @@ consteval auto sortedByEntry() {
 constexpr auto byEntryOrder = sortedByEntry();
 
 const KnownApplication* findEntry(std::string_view entry, bool hasEntry) {
-    const auto key = [](std::uint16_t index) {
-        return table[index].entry;
+    const auto less = [](std::uint16_t index, std::string_view key) {
+        return lessWithoutCase(table[index].entry, key);
     };
-    const auto range = std::ranges::equal_range(byEntryOrder, entry, lessWithoutCase, key);
-    const auto found = std::ranges::find(range, hasEntry, [](std::uint16_t index) { return table[index].hasEntry; });
-    return found != range.end() ? &table[*found] : nullptr;
+    auto row = std::lower_bound(byEntryOrder.begin(), byEntryOrder.end(), entry, less);
+    for (; row != byEntryOrder.end() && equalWithoutCase(table[*row].entry, entry); ++row) {
+        if (table[*row].hasEntry == hasEntry) {
+            return &table[*row];
+        }
+    }
+    return nullptr;
 }
 
 } // namespace
