@@ -19,6 +19,8 @@ public:
     ChildProcess& operator=(const ChildProcess&) = delete;
     ~ChildProcess() { kill(); }
 
+    [[nodiscard]] pid_t pid() const { return pid_; }
+
     /// As by the system: no handler runs, nothing is flushed. Returns what `wait` does.
     int kill() {
         if (pid_ <= 0) {
