@@ -42,14 +42,12 @@ TEST(SerialQueue, DrainWaitsForWorkThatRunsAndForWorkThatItQueues) {
 TEST(SerialQueue, ManyThreadsMaySubmit) {
     SerialQueue queue("test");
     int sum = 0;
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i) {
-        threads.emplace_back([&] {
-            for (int n = 0; n < 250; ++n) {
-                queue.async([&sum] { ++sum; });
-            }
-        });
-    }
+    const auto submit = [&] {
+        for (int n = 0; n < 250; ++n) {
+            queue.async([&sum] { ++sum; });
+        }
+    };
+    std::thread threads[] = {std::thread(submit), std::thread(submit), std::thread(submit), std::thread(submit)};
     for (auto& thread : threads) {
         thread.join();
     }

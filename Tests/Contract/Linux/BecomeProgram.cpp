@@ -10,6 +10,7 @@ namespace ambrel {
 int becomeProgram(const std::vector<std::string>& commandLine, int input, int output) {
     constexpr int notFound = 127;
     std::vector<char*> arguments;
+    arguments.reserve(commandLine.size() + 1);
     for (const auto& argument : commandLine) {
         arguments.push_back(const_cast<char*>(argument.c_str()));
     }
