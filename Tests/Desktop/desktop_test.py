@@ -7,7 +7,7 @@ import unittest
 import xml.etree.ElementTree as xml
 
 from ambrel import Ambrel
-from programs import Program
+from programs import Program, wait_until
 from sample import Sample, install_entry
 
 SUBJECT, CANARY = "ambrel-subject", "ambrel-canary"
@@ -71,8 +71,13 @@ class DesktopTest(unittest.TestCase):
     def wait_until_quit(self, ambrel, program):
         ambrel.wait_for(re.compile(rf"engine: quitting \S+ pid {program.pid} \(windows=0\)$"))
         program.wait_for_end()
-        self.assertIn(("last-window", "terminated", program.pid),
-                      [(decision.path, decision.action, decision.pid) for decision in ambrel.decisions()])
+        # Nobody waits for the disk, so the line may come after the end of the application.
+        self.wait_for_decision(ambrel, "terminated", program.pid)
+
+    def wait_for_decision(self, ambrel, action, pid):
+        wait_until(lambda: ("last-window", action, pid) in
+                   [(decision.path, decision.action, decision.pid) for decision in ambrel.decisions()],
+                   f"the decisions log says {action} for {pid}")
 
     def check_left_alone(self, ambrel, *programs):
         """By the time a later application has been quit, an earlier one would have been."""

@@ -76,7 +76,7 @@ class Program:
 
     def _check_alive(self, wanted, pattern, after):
         if self.process.poll() is not None:
-            self._reader.join()
+            self._reader.join(1)
             if not self.find(pattern, after):
                 raise Overdue(f"{self.name} ended ({self.process.returncode}) without saying {wanted!r}")
 
@@ -89,7 +89,7 @@ class Program:
     def wait_for_end(self, seconds=DEADLINE_SECONDS):
         """The exit status, after the last line has been read."""
         wait_until(lambda: not self.is_running(), f"{self.name} ends", seconds)
-        self._reader.join()
+        self._reader.join(1)
         return self.process.returncode
 
     def signal(self, number):
@@ -105,7 +105,11 @@ class Program:
             except subprocess.TimeoutExpired:
                 self.process.kill()
                 self.process.wait()
+        self._reader.join(1)
         self.process.stdin.close()
+        # A child of the program may hold the other end open for longer.
+        if not self._reader.is_alive():
+            self.process.stdout.close()
 
     def transcript(self):
         return "\n".join(f"  {self.name}[{self.pid}] {line.time:.3f} {line.text}" for line in self.lines)

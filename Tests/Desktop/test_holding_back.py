@@ -33,7 +33,7 @@ class HoldingBack(DesktopTest):
         subject.say("destroy 1")
         ambrel.wait_for(f"{SUBJECT} — AX says 0 but the window server sees 1 window(s); vetoing quit (AX artifact)")
         self.assertTrue(subject.is_running())
-        self.assertIn("skipped(cg-windows-exist)", [decision.action for decision in ambrel.decisions()])
+        self.wait_for_decision(ambrel, "skipped(cg-windows-exist)", subject.pid)
         subject.say("destroy 2")
         self.wait_until_quit(ambrel, subject)
 
@@ -77,9 +77,9 @@ class HoldingBack(DesktopTest):
         self.check_left_alone(ambrel, subject)
 
     def test_rule_holds_back(self):
-        ambrel = self.start_ambrel(defaults={"userExcludedBundleIDs": [SUBJECT]})
         subject = self.start_sample()
         subject.open()
+        ambrel = self.start_ambrel(defaults={"userExcludedBundleIDs": [SUBJECT]})
         subject.say("close 1")
         self.check_left_alone(ambrel, subject)
 

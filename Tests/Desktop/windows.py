@@ -10,6 +10,7 @@ from programs import wait_until
 Window = collections.namedtuple("Window", "id pid wm_class title")
 
 _manager_pid = int(os.environ.get("AMBREL_DESKTOP_WM_PID", 0))
+_later_managers = []
 
 
 def _run(*command):
@@ -41,6 +42,8 @@ def close(window):
 
 def end_window_manager():
     os.kill(_manager_pid, signal.SIGKILL)
+    for manager in _later_managers:
+        manager.poll()
     wait_until(lambda: not os.path.exists(f"/proc/{_manager_pid}/exe"), "the window manager is gone")
 
 
@@ -49,5 +52,6 @@ def start_window_manager():
     global _manager_pid
     manager = subprocess.Popen(shlex.split(os.environ["AMBREL_DESKTOP_WM_COMMAND"]), stdin=subprocess.DEVNULL,
                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True)
+    _later_managers.append(manager)
     _manager_pid = manager.pid
     wait_until(lambda: _run("wmctrl", "-m").returncode == 0, "the new window manager is there")

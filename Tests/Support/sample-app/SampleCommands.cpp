@@ -139,7 +139,8 @@ void SampleApp::forkChild() {
     const pid_t child = fork();
     if (child == 0) {
         // Neither the display's socket nor the pipes may live on in here: the windows of a dead parent would stay.
-        for (const int inherited : {xcb_get_file_descriptor(display_.connection()), STDIN_FILENO, STDOUT_FILENO}) {
+        for (const int inherited :
+             {xcb_get_file_descriptor(display_.connection()), STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
             close(inherited);
         }
         sigset_t all;
