@@ -2,7 +2,9 @@
 import re
 
 import desktop_test
+import windows
 from desktop_test import SUBJECT, DesktopTest
+from programs import wait_until
 
 
 class HoldingBack(DesktopTest):
@@ -37,18 +39,21 @@ class HoldingBack(DesktopTest):
         subject.say("destroy 2")
         self.wait_until_quit(ambrel, subject)
 
+    def minimise(self, subject):
+        window = windows.windows(subject.pid)[0]
+        subject.say("minimise 1")
+        wait_until(lambda: windows.is_hidden(window), "the window is minimised")
+
     def test_minimised_window_holds_back(self):
         ambrel = self.start_ambrel()
         subject = self.start_subject(ambrel)
-        subject.say("minimise 1")
-        subject.wait_for(re.compile("unmapped$"))
+        self.minimise(subject)
         self.check_left_alone(ambrel, subject)
 
     def test_window_closed_right_after_minimising_holds_back(self):
         ambrel = self.start_ambrel()
         subject = self.start_subject(ambrel)
-        subject.say("minimise 1")
-        subject.wait_for(re.compile("unmapped$"))
+        self.minimise(subject)
         subject.say("destroy 1")
         ambrel.wait_for(f"skip quit: {SUBJECT} minimized within 2s grace")
         self.check_left_alone(ambrel, subject)

@@ -40,6 +40,11 @@ def close(window):
     _run("wmctrl", "-i", "-c", window.id)
 
 
+def is_hidden(window):
+    """Minimised, in the window manager's own words."""
+    return "_NET_WM_STATE_HIDDEN" in _run("xprop", "-id", window.id, "_NET_WM_STATE").stdout
+
+
 def end_window_manager():
     os.kill(_manager_pid, signal.SIGKILL)
     for manager in _later_managers:
