@@ -44,9 +44,13 @@ protected:
         return pathOf(id);
     }
 
-    void makeDefaultEditor(const std::string& id) {
+    static void setDefaultEditor(const std::string& id) {
         std::ofstream(folder("XDG_CONFIG_HOME") / "mimeapps.list")
             << "[Default Applications]\ntext/plain=" << id << ".desktop\n";
+    }
+
+    void makeDefaultEditor(const std::string& id) {
+        setDefaultEditor(id);
         EXPECT_TRUE(runUntil([&] { return entries.textHandler() == id; }));
     }
 
@@ -115,8 +119,14 @@ TEST_F(ApplicationIdentifierTests, TextEditorIsTheDefaultOneAlone) {
 TEST_F(ApplicationIdentifierTests, WithoutADefaultEditorTheFirstKnownOneCounts) {
     install("geany");
     install("gedit");
+    install("console-editor", "Terminal=true\n");
     EXPECT_EQ(identifierOf("gedit"), "com.apple.TextEdit");
     EXPECT_EQ(identifierOf("geany"), "geany");
+    makeDefaultEditor("geany");
+    EXPECT_EQ(identifierOf("gedit"), "gedit");
+    // An editor in a terminal has no window.
+    setDefaultEditor("console-editor");
+    EXPECT_TRUE(runUntil([&] { return identifierOf("gedit") == "com.apple.TextEdit"; }));
 }
 
 TEST_F(ApplicationIdentifierTests, PartsOfTheDesktopKeepTheirIdentifier) {
@@ -134,10 +144,10 @@ TEST_F(ApplicationIdentifierTests, PartsOfTheDesktopKeepTheirIdentifier) {
 
 TEST_F(ApplicationIdentifierTests, ReadsTheEnvironmentOfTheProcess) {
     install("launched");
-    // The shell keeps its process id when it becomes another program.
+    // The shell keeps its process id when it becomes another program, and has an environment as long as it waits.
     ChildProcess launched({"/bin/sh", "-c",
                            "export GIO_LAUNCHED_DESKTOP_FILE=/x/applications/launched.desktop "
-                           "GIO_LAUNCHED_DESKTOP_FILE_PID=$$; exec /bin/sh -c 'echo ready; exec sleep 60'"});
+                           "GIO_LAUNCHED_DESKTOP_FILE_PID=$$; exec /bin/sh -c 'echo ready; kill -STOP $$'"});
     ASSERT_EQ(launched.readLine(), "ready");
     EXPECT_EQ(identifier.identify(launched.pid(), {}).bundleIdentifier, "launched");
     EXPECT_FALSE(identifier.identify(-1, {}).bundleIdentifier);

@@ -46,7 +46,10 @@ DesktopEntryIndex readIndex() {
 
 std::optional<std::string> readTextHandler() {
     const ObjectRef<GAppInfo> handler(g_app_info_get_default_for_type("text/plain", FALSE));
-    return handler ? std::optional(entryIdOf(handler.get())) : std::nullopt;
+    // One that runs in a terminal has no window that could close.
+    const bool hasWindows = handler && g_desktop_app_info_get_boolean(G_DESKTOP_APP_INFO(handler.get()),
+                                                                      G_KEY_FILE_DESKTOP_KEY_TERMINAL) == FALSE;
+    return hasWindows ? std::optional(entryIdOf(handler.get())) : std::nullopt;
 }
 
 } // namespace

@@ -29,7 +29,7 @@ public:
     [[nodiscard]] const DesktopEntryIndex& index();
     /// Absent if there is no entry of this id.
     [[nodiscard]] std::optional<DesktopEntry> entry(const std::string& id) const;
-    /// The id of the default handler of plain text; absent if there is none.
+    /// The id of the default handler of plain text; absent if there is none, or it runs in a terminal.
     [[nodiscard]] std::optional<std::string> textHandler();
 
 private:
