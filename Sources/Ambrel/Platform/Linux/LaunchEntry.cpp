@@ -34,9 +34,7 @@ void launchEntry(const std::filesystem::path& entry) {
         logFailure(entry.string(), "not a desktop entry of an installed application");
         return;
     }
-    GAppLaunchContext* const context = g_app_launch_context_new();
-    g_app_info_launch_uris_async(G_APP_INFO(info), nullptr, context, nullptr, launched, nullptr);
-    g_object_unref(context);
+    g_app_info_launch_uris_async(G_APP_INFO(info), nullptr, nullptr, nullptr, launched, nullptr);
     g_object_unref(info);
 }
 
