@@ -34,7 +34,7 @@ bool ContractTest::awaitFrontmost(const SampleApplication& sample) {
 }
 
 std::vector<WindowInfo> ContractTest::onScreen(const SampleApplication& sample) const {
-    auto list = platform.windowServer().onScreenWindows().value_or(std::vector<WindowInfo>());
+    auto list = platform.windowServer().onScreenWindows(sample.pid()).value_or(std::vector<WindowInfo>());
     std::erase_if(list, [&](const WindowInfo& window) { return window.ownerPID != sample.pid(); });
     return list;
 }

@@ -37,7 +37,7 @@ WindowOracle& WindowOracle::shared() {
 }
 
 std::optional<std::ptrdiff_t> WindowOracle::windowCount(ProcessId pid) const {
-    const auto windows = windowServer_.onScreenWindows();
+    const auto windows = windowServer_.onScreenWindows(pid);
     if (!windows) {
         return std::nullopt;
     }

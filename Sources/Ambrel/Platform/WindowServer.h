@@ -30,8 +30,9 @@ class WindowServer {
 public:
     virtual ~WindowServer() = default;
 
-    /// The windows on the screen; absent when the list can't be read.
-    [[nodiscard]] virtual std::optional<std::vector<WindowInfo>> onScreenWindows() const = 0;
+    /// The windows on the screen; absent when the list can't be read. Windows that are known to belong to another
+    /// process than `owner` may be left out.
+    [[nodiscard]] virtual std::optional<std::vector<WindowInfo>> onScreenWindows(ProcessId owner) const = 0;
     /// The bounds of the online displays, at most `limit`; absent when they can't be read.
     [[nodiscard]] virtual std::optional<std::vector<Rect>> onlineDisplays(std::size_t limit) const = 0;
 };

@@ -24,17 +24,23 @@ using Tree = X11Message<xcb_query_tree_reply_t>;
 
 class Search {
 public:
-    Search(X11Connection& connection, std::span<const xcb_window_t> tops) : connection_(connection) {
+    Search(X11Connection& connection, X11WindowMirror& mirror, std::span<const xcb_window_t> tops)
+        : connection_(connection), mirror_(mirror) {
         for (const auto top : tops) {
-            clients_[top] = XCB_WINDOW_NONE;
+            const auto* const known = mirror.findByTop(top);
+            clients_[top] = known != nullptr ? known->window.id : xcb_window_t{XCB_WINDOW_NONE};
         }
     }
 
-    /// Goes up from the clients that are known: a step or two each, of however many parts their frames are made.
-    void climb(const std::vector<xcb_window_t>& known) {
+    /// Goes up from the managed clients whose way is not known: a step or two each, of however many parts their
+    /// frames are made.
+    void climb() {
         Level level;
-        for (const auto client : known) {
-            level.push_back({client, client});
+        for (const auto client : mirror_.clientList()) {
+            const auto* const window = mirror_.find(client);
+            if (window != nullptr && window->top == XCB_WINDOW_NONE) {
+                level.push_back({client, client});
+            }
         }
         for (int depth = 0; depth < deepestLevel && !level.empty(); ++depth) {
             level = climbOnce(level);
@@ -58,22 +64,28 @@ public:
 
 private:
     Level climbOnce(const Level& level) {
-        std::vector<std::pair<Step, xcb_query_tree_cookie_t>> questions;
+        std::vector<xcb_query_tree_cookie_t> cookies;
         for (const auto& step : level) {
-            if (const auto top = clients_.find(step.window); top != clients_.end()) {
-                top->second = step.origin;
-            } else {
-                questions.emplace_back(step, xcb_query_tree(connection_.raw(), step.window));
-            }
+            cookies.push_back(xcb_query_tree(connection_.raw(), step.window));
         }
         Level next;
-        for (const auto& [step, cookie] : questions) {
-            const Tree tree(xcb_query_tree_reply(connection_.raw(), cookie, nullptr));
-            if (tree && tree->parent != connection_.root() && tree->parent != XCB_WINDOW_NONE) {
-                next.push_back({step.origin, tree->parent});
+        for (std::size_t index = 0; index < level.size(); ++index) {
+            const Tree tree(xcb_query_tree_reply(connection_.raw(), cookies[index], nullptr));
+            if (tree && tree->parent == connection_.root()) {
+                arrive(level[index]);
+            } else if (tree && tree->parent != XCB_WINDOW_NONE) {
+                next.push_back({level[index].origin, tree->parent});
             }
         }
         return next;
+    }
+
+    /// The way up from a client ends at this child of the root.
+    void arrive(const Step& step) {
+        mirror_.rememberTop(step.origin, step.window);
+        if (const auto top = clients_.find(step.window); top != clients_.end()) {
+            top->second = step.origin;
+        }
     }
 
     Level descendOnce(const Level& level) {
@@ -110,15 +122,15 @@ private:
     }
 
     X11Connection& connection_;
+    X11WindowMirror& mirror_;
     X11Clients clients_;
 };
 
 } // namespace
 
-X11Clients findX11Clients(X11Connection& connection, const X11WindowMirror& mirror,
-                          std::span<const xcb_window_t> tops) {
-    Search search(connection, tops);
-    search.climb(mirror.clientList());
+X11Clients findX11Clients(X11Connection& connection, X11WindowMirror& mirror, std::span<const xcb_window_t> tops) {
+    Search search(connection, mirror, tops);
+    search.climb();
     search.descend();
     return std::move(search).take();
 }

@@ -84,6 +84,32 @@ void X11WindowMirror::noteDestroyed(xcb_window_t window) {
     }
 }
 
+void X11WindowMirror::noteReparented(xcb_window_t window) {
+    if (const auto known = windows_.find(window); known != windows_.end()) {
+        forgetTop(known->second);
+    }
+}
+
+void X11WindowMirror::rememberTop(xcb_window_t client, xcb_window_t top) {
+    if (const auto known = windows_.find(client); known != windows_.end()) {
+        forgetTop(known->second);
+        known->second.top = top;
+        clientsByTop_[top] = client;
+    }
+}
+
+void X11WindowMirror::forgetTop(X11Window& window) {
+    const auto known = clientsByTop_.find(std::exchange(window.top, XCB_WINDOW_NONE));
+    if (known != clientsByTop_.end() && known->second == window.window.id) {
+        clientsByTop_.erase(known);
+    }
+}
+
+const X11Window* X11WindowMirror::findByTop(xcb_window_t top) const {
+    const auto client = clientsByTop_.find(top);
+    return client != clientsByTop_.end() ? find(client->second) : nullptr;
+}
+
 void X11WindowMirror::refresh() {
     readNew(std::exchange(unread_, {}));
     const auto changed = std::exchange(changed_, {});
@@ -157,7 +183,8 @@ void X11WindowMirror::present(X11Window& window, const X11PresentationReading& s
 }
 
 void X11WindowMirror::erase(xcb_window_t id) {
-    const auto known = windows_.extract(id);
+    auto known = windows_.extract(id);
+    forgetTop(known.mapped());
     changed_.erase(id);
     for (const auto pid : owners(known.mapped().ownership)) {
         auto& ids = ofProcess_[pid];

@@ -78,11 +78,11 @@ private:
 
 } // namespace
 
-X11WindowServer::X11WindowServer(X11Connection& connection, const X11WindowMirror& mirror)
+X11WindowServer::X11WindowServer(X11Connection& connection, X11WindowMirror& mirror)
     : connection_(connection), mirror_(mirror) {}
 
-std::optional<std::vector<WindowInfo>> X11WindowServer::onScreenWindows() const {
-    const auto tops = visibleTops();
+std::optional<std::vector<WindowInfo>> X11WindowServer::onScreenWindows(ProcessId owner) const {
+    const auto tops = visibleTops(owner);
     if (!tops) {
         return std::nullopt;
     }
@@ -105,15 +105,17 @@ std::optional<std::vector<WindowInfo>> X11WindowServer::onScreenWindows() const 
     return list;
 }
 
-std::optional<std::vector<X11WindowServer::Top>> X11WindowServer::visibleTops() const {
+std::optional<std::vector<X11WindowServer::Top>> X11WindowServer::visibleTops(ProcessId owner) const {
     auto* const raw = connection_.raw();
     const X11Message<xcb_query_tree_reply_t> tree(
         xcb_query_tree_reply(raw, xcb_query_tree(raw, connection_.root()), nullptr));
     if (!tree) {
         return std::nullopt;
     }
-    const std::span children(xcb_query_tree_children(tree.get()),
-                             static_cast<std::size_t>(xcb_query_tree_children_length(tree.get())));
+    std::vector<xcb_window_t> children(xcb_query_tree_children(tree.get()),
+                                       xcb_query_tree_children(tree.get()) +
+                                           xcb_query_tree_children_length(tree.get()));
+    std::erase_if(children, [&](xcb_window_t child) { return belongsToAnother(child, owner); });
     std::vector<std::pair<xcb_get_window_attributes_cookie_t, xcb_get_geometry_cookie_t>> cookies;
     for (const auto child : children) {
         cookies.emplace_back(xcb_get_window_attributes(raw, child), xcb_get_geometry(raw, child));
@@ -130,6 +132,12 @@ std::optional<std::vector<X11WindowServer::Top>> X11WindowServer::visibleTops() 
         }
     }
     return tops;
+}
+
+/// A question about one application must not grow with the number of the others.
+bool X11WindowServer::belongsToAnother(xcb_window_t top, ProcessId owner) const {
+    const auto* const known = mirror_.findByTop(top);
+    return known != nullptr && known->ownership.process && known->ownership.process != owner;
 }
 
 int X11WindowServer::layer(const Top& top, xcb_window_t client) const {

@@ -14,9 +14,9 @@ class X11WindowMirror;
 class X11WindowServer final : public WindowServer {
 public:
     /// Both must outlive this object.
-    X11WindowServer(X11Connection& connection, const X11WindowMirror& mirror);
+    X11WindowServer(X11Connection& connection, X11WindowMirror& mirror);
 
-    [[nodiscard]] std::optional<std::vector<WindowInfo>> onScreenWindows() const override;
+    [[nodiscard]] std::optional<std::vector<WindowInfo>> onScreenWindows(ProcessId owner) const override;
     [[nodiscard]] std::optional<std::vector<Rect>> onlineDisplays(std::size_t limit) const override;
 
 private:
@@ -25,13 +25,14 @@ private:
         bool overrideRedirect;
         std::optional<Rect> bounds;
     };
-    [[nodiscard]] std::optional<std::vector<Top>> visibleTops() const;
+    [[nodiscard]] std::optional<std::vector<Top>> visibleTops(ProcessId owner) const;
+    [[nodiscard]] bool belongsToAnother(xcb_window_t top, ProcessId owner) const;
     [[nodiscard]] int layer(const Top& top, xcb_window_t client) const;
     [[nodiscard]] std::optional<std::vector<Rect>> monitors() const;
     [[nodiscard]] std::optional<Rect> screenBounds() const;
 
     X11Connection& connection_;
-    const X11WindowMirror& mirror_;
+    X11WindowMirror& mirror_;
 };
 
 } // namespace ambrel

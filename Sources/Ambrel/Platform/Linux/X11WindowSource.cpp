@@ -57,6 +57,8 @@ void X11WindowSource::handle(const xcb_generic_event_t& event) {
         handleProperty(reinterpret_cast<const xcb_property_notify_event_t&>(event));
     } else if (event.response_type == XCB_DESTROY_NOTIFY) {
         mirror_.noteDestroyed(reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window);
+    } else if (event.response_type == XCB_REPARENT_NOTIFY) {
+        mirror_.noteReparented(reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window);
     }
 }
 

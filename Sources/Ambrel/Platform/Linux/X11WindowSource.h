@@ -22,7 +22,7 @@ public:
     void close(WindowId window) override;
     void minimize(WindowId window) override;
 
-    [[nodiscard]] const X11WindowMirror& mirror() const { return mirror_; }
+    [[nodiscard]] X11WindowMirror& mirror() { return mirror_; }
 
 private:
     void handle(const xcb_generic_event_t& event);

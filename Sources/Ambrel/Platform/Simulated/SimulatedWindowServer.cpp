@@ -27,7 +27,7 @@ WindowInfo listed(ProcessId owner, const SimulatedWindow& window) {
 
 } // namespace
 
-std::optional<std::vector<WindowInfo>> SimulatedWindowServer::onScreenWindows() const {
+std::optional<std::vector<WindowInfo>> SimulatedWindowServer::onScreenWindows(ProcessId /*owner*/) const {
     if (listUnreadable) {
         return std::nullopt;
     }

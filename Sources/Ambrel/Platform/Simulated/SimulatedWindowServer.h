@@ -11,7 +11,7 @@ class SimulatedWindowServer final : public WindowServer {
 public:
     explicit SimulatedWindowServer(const SimulatedWorkspace& workspace) : workspace_(workspace) {}
 
-    [[nodiscard]] std::optional<std::vector<WindowInfo>> onScreenWindows() const override;
+    [[nodiscard]] std::optional<std::vector<WindowInfo>> onScreenWindows(ProcessId owner) const override;
     [[nodiscard]] std::optional<std::vector<Rect>> onlineDisplays(std::size_t limit) const override;
 
     /// Windows that are listed although no application has them: closed ones in their last animation.
