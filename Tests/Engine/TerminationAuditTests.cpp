@@ -10,6 +10,8 @@
 #include <fmt/format.h>
 
 #include <fcntl.h>
+#include <signal.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace ambrel {
@@ -134,6 +136,24 @@ TEST_F(TerminationAuditTest, APlaceThatTakesNoLinesIsLeftAlone) {
         recordOnce("Name");
         EXPECT_EQ(fs::symlink_status(place).type(), before) << name;
     }
+}
+
+TEST_F(TerminationAuditTest, ALineCutShortByAFullDiskDoesNotSwallowTheNext) {
+    recordOnce("First");
+    rlimit old{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &old), 0);
+    ::signal(SIGXFSZ, SIG_IGN);
+    const rlimit full{fs::file_size(file) + 70, old.rlim_max};
+    TerminationAudit audit(desktop, clock);
+    for (const char* name : {"Cut", "Lost", "Next"}) {
+        ::setrlimit(RLIMIT_FSIZE, std::string_view(name) == "Next" ? &old : &full);
+        audit.record(Path::lastWindow, "org.example.App", name, 812, Action::terminated);
+        audit.drain();
+    }
+    const auto events = QuitEvent::loadRecent(file, 10);
+    ASSERT_FALSE(events.empty());
+    EXPECT_EQ(events.front().name, "Next");
+    EXPECT_EQ(events.back().name, "First");
 }
 
 TEST_F(TerminationAuditTest, RunningCopiesDoNotMixTheirLines) {

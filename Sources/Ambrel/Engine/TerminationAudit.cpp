@@ -27,14 +27,15 @@ FileDescriptor openForAppending(const std::filesystem::path& file) {
         ::open(file.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK | O_CLOEXEC, S_IRUSR | S_IWUSR));
 }
 
-/// One call, so that lines of two running copies don't mix. A failure is ignored: the log never gets in the way.
-void append(const std::filesystem::path& file, const std::string& line) {
+/// One call, so that lines of two running copies don't mix. Answers how many bytes went out.
+ssize_t append(const std::filesystem::path& file, const std::string& line) {
     const auto log = openForAppending(file);
     struct stat status {};
     // A pipe whose reader goes away would end this process.
-    if (log.valid() && ::fstat(log.number(), &status) == 0 && S_ISREG(status.st_mode)) {
-        [[maybe_unused]] const auto written = ::write(log.number(), line.data(), line.size());
+    if (!log.valid() || ::fstat(log.number(), &status) != 0 || !S_ISREG(status.st_mode)) {
+        return -1;
     }
+    return ::write(log.number(), line.data(), line.size());
 }
 
 } // namespace
@@ -61,7 +62,16 @@ void TerminationAudit::record(Path path, std::string_view bundleID, std::string_
     auto line = fmt::format("{}\t{}\t{}\t{}\t{}\tpid={}\t{}{}{}\n", formatIsoDate(clock_.now()), rawValue(path),
                             rawValue(action), bundleID, name, pid, detail, detail.empty() ? "" : "\t", instanceTag_);
     // One name that isn't UTF-8 would make the whole tail of the log unreadable.
-    queue_.async([this, line = replacingInvalidUtf8(line)] { append(fileURL(), line); });
+    queue_.async([this, line = replacingInvalidUtf8(line)] { write(line); });
+}
+
+/// A failure is ignored: the log never gets in the way. A line that was cut short doesn't swallow the next one.
+void TerminationAudit::write(const std::string& line) {
+    const std::string text = lineIsBroken_ ? "\n" + line : line;
+    const auto written = append(fileURL(), text);
+    if (written > 0) {
+        lineIsBroken_ = static_cast<std::size_t>(written) < text.size();
+    }
 }
 
 const std::filesystem::path& TerminationAudit::fileURL() {

@@ -46,11 +46,15 @@ public:
     void drain();
 
 private:
+    void write(const std::string& line);
+
     const Clock& clock_;
     std::string instanceTag_;
     std::filesystem::path customFile_; ///< empty for the default place
     std::filesystem::path fileURL_;
     std::once_flag madeDefaultFile_; ///< by the first asker, here or on the queue
+    /// The last write was cut short, as on a full disk. Belongs to the queue.
+    bool lineIsBroken_ = false;
     SerialQueue queue_{"app.ambrel.Ambrel.termaudit"};
 };
 

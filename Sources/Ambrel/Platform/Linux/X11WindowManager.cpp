@@ -104,7 +104,7 @@ void X11WindowManager::adopt(const Announcement& announced) {
 }
 
 void X11WindowManager::settle() {
-    if (trusted_ || !valid_ || publications_ == publicationsAtDoubt_) {
+    if (trusted_ || !valid_) {
         return;
     }
     const auto now = std::chrono::steady_clock::now();
@@ -113,7 +113,10 @@ void X11WindowManager::settle() {
     if (settling_) {
         settling_->cancel();
     }
-    settling_ = queue_.asyncAfter(std::min(stillness, longestSettling - passed), [this] { becomeTrusted(); });
+    // One that finds no window may never set a list, and has then none to hide.
+    const bool published = publications_ != publicationsAtDoubt_;
+    const Seconds left = longestSettling - passed;
+    settling_ = queue_.asyncAfter(published ? std::min(stillness, left) : left, [this] { becomeTrusted(); });
 }
 
 void X11WindowManager::becomeTrusted() {

@@ -12,7 +12,8 @@ namespace ambrel {
 
 /// Whether a window manager is there that publishes its windows. One that goes leaves its list behind, and its
 /// successor builds a new one window by window: neither says anything of what has been closed. So trust ends
-/// with the first sign of a change, and comes back when a successor's list has been published and stays still.
+/// with the first sign of a change, and comes back when a successor's list has been published and stays still, or after
+/// a while without any.
 class X11WindowManager {
 public:
     X11WindowManager(X11Connection& connection, MainQueue& queue);
