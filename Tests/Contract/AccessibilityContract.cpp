@@ -88,6 +88,7 @@ TEST_F(AccessibilityContract, AMinimisedWindowIsStillAWindow) {
     EXPECT_TRUE(awaitMinimised(*sample, true));
     EXPECT_FALSE(running(*sample)->isHidden());
     EXPECT_FALSE(isHeard("AXUIElementDestroyed"));
+    ASSERT_TRUE(awaitOffScreen(*sample));
     sample->restore(1);
     ASSERT_TRUE(awaitNotification("AXWindowDeminiaturized"));
     EXPECT_TRUE(awaitMinimised(*sample, false));
@@ -124,8 +125,7 @@ TEST_F(AccessibilityContract, HidingAndShowingAreHeard) {
     const auto observer = observeAll(*sample);
     running(*sample)->hide();
     EXPECT_TRUE(awaitNotification("AXApplicationHidden"));
-    // A request to show a window that isn't off the screen yet would be no request at all.
-    ASSERT_TRUE(driver->waitUntil([&] { return onScreen(*sample).empty(); }));
+    ASSERT_TRUE(awaitOffScreen(*sample));
     sample->show();
     EXPECT_TRUE(awaitNotification("AXApplicationShown"));
 }
@@ -172,7 +172,11 @@ TEST_F(AccessibilityContract, ADestroyedObserverIsSilentAlsoFromWithinItsCallbac
     ASSERT_TRUE(awaitWindows(*sample, 2));
     sample->minimise(1);
     ASSERT_TRUE(driver->waitUntil([&] { return calls > 0; }));
+    sample->close(2);
+    ASSERT_TRUE(awaitWindows(*sample, 1));
+    ASSERT_TRUE(awaitOffScreen(*sample));
     sample->restore(1);
+    ASSERT_TRUE(awaitMinimised(*sample, false));
     driver->settle();
     EXPECT_EQ(calls, 1);
     EXPECT_TRUE(heard.empty());

@@ -39,6 +39,10 @@ std::vector<WindowInfo> ContractTest::onScreen(const SampleApplication& sample) 
     return list;
 }
 
+bool ContractTest::awaitOffScreen(const SampleApplication& sample) {
+    return driver->waitUntil([&] { return onScreen(sample).empty(); });
+}
+
 WorkspaceEvents::WorkspaceEvents(Workspace& workspace) {
     const auto note = [&](auto& signal, const char* kind) {
         subscriptions_.push_back(signal.subscribe([this, kind](const RunningApplicationRef& app) {

@@ -28,6 +28,8 @@ protected:
     [[nodiscard]] bool awaitFrontmost(const SampleApplication& sample);
     /// What the window server lists of the sample; empty also when it lists nothing at all.
     [[nodiscard]] std::vector<WindowInfo> onScreen(const SampleApplication& sample) const;
+    /// A window that isn't off the screen yet can't be asked back onto it.
+    [[nodiscard]] bool awaitOffScreen(const SampleApplication& sample);
 
     std::unique_ptr<DesktopDriver> driver = makeDesktopDriver();
     Platform& platform = driver->platform();

@@ -124,7 +124,7 @@ TEST_F(WorkspaceContract, AHiddenApplicationIsAnnouncedAndComesBack) {
     ASSERT_TRUE(driver->waitUntil([&] { return events.find("hide", sample->pid()) != nullptr; }));
     EXPECT_TRUE(app->isHidden());
     EXPECT_EQ(windows(*sample)->size(), 1U) << "a hidden application has its windows still";
-    EXPECT_TRUE(driver->waitUntil([&] { return onScreen(*sample).empty(); }));
+    ASSERT_TRUE(awaitOffScreen(*sample));
     sample->show();
     EXPECT_TRUE(driver->waitUntil([&] { return !app->isHidden(); }));
     EXPECT_TRUE(driver->waitUntil([&] { return onScreen(*sample).size() == 1; }));

@@ -2,6 +2,7 @@
 #include "Contract/Linux/LinuxWindowManager.h"
 #include "Core/Files.h"
 #include "Platform/Linux/LinuxPlatform.h"
+#include "Platform/Workspace.h"
 
 #include <array>
 #include <cstdlib>
@@ -96,9 +97,28 @@ void install(const SampleIdentity& identity) {
     entry << '\n';
 }
 
+/// A window manager that has only just announced itself may pass over a window that appears while it starts.
+bool awaitWindowManager() {
+    constexpr int attempts = 20;
+    constexpr int patienceMilliseconds = 1000;
+    const auto platform = createPlatform();
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        const LinuxSample sample("ambrel-nobody");
+        const auto isListed = [&] {
+            return platform->workspace().runningApplication(sample.pid()) != nullptr;
+        };
+        if (runUntil(isListed, patienceMilliseconds)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 } // namespace
 
 std::unique_ptr<DesktopDriver> makeDesktopDriver() {
+    static const bool ready = awaitWindowManager();
+    EXPECT_TRUE(ready) << "the window manager takes no windows";
     return std::make_unique<LinuxDriver>();
 }
 

@@ -60,7 +60,7 @@ struct VirtualMainQueue::Agenda {
 
 class VirtualMainQueue::Item final : public WorkItem {
 public:
-    Item(std::weak_ptr<Agenda> agenda, const Agenda::Key& key) : agenda_(std::move(agenda)), key_(key) {}
+    Item(std::weak_ptr<Agenda> agenda, Agenda::Key key) : agenda_(std::move(agenda)), key_(std::move(key)) {}
 
     void cancel() override {
         // The work goes after the lock: it may hold this very item, or cancel others as it ends.
