@@ -1,13 +1,17 @@
 #include "Contract/ContractTest.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace ambrel {
 
 SampleRef ContractTest::launch(const std::optional<SampleIdentity>& identity) {
     auto sample = driver->launch(identity);
-    EXPECT_TRUE(driver->waitUntil([&] { return running(*sample) != nullptr; })) << "the sample never appeared";
-    EXPECT_TRUE(awaitWindows(*sample, 1));
+    const bool appeared = driver->waitUntil([&] { return running(*sample) != nullptr; }) && awaitWindows(*sample, 1);
+    if (!appeared) {
+        // Ends this test alone: nothing after it would make sense without the sample.
+        throw std::runtime_error("the sample never appeared");
+    }
     return sample;
 }
 
