@@ -129,6 +129,9 @@ void X11WindowMirror::readNew(std::vector<xcb_window_t> ids) {
         auto identity = queries[index].second.take();
         if (shown) {
             insert(ids[index], *shown, std::move(identity));
+        } else {
+            // Gone already. Another client's window may have the same id by the time the list is read again.
+            std::erase(list_, ids[index]);
         }
     }
 }
