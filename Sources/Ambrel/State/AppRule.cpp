@@ -4,7 +4,7 @@
 
 namespace ambrel {
 
-AppRule::AppRule(std::string bundleIdentifier) : AppRule(bundleIdentifier, bundleIdentifier) {}
+AppRule::AppRule(const std::string& bundleIdentifier) : AppRule(bundleIdentifier, bundleIdentifier) {}
 
 AppRule::AppRule(std::string bundleIdentifier, std::string name)
     : bundleIdentifier_(std::move(bundleIdentifier)), displayName(std::move(name)) {}

@@ -16,7 +16,7 @@ public:
     static constexpr std::array allIdleBehaviors{IdleBehavior::none, IdleBehavior::hide, IdleBehavior::quit};
 
     /// An ordinary rule with a new `id`, named after its identifier.
-    explicit AppRule(std::string bundleIdentifier);
+    explicit AppRule(const std::string& bundleIdentifier);
     AppRule(std::string bundleIdentifier, std::string displayName);
 
     /// The default rule, as it first is and as a reset makes it.

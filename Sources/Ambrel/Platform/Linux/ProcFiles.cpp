@@ -13,7 +13,7 @@ namespace ambrel {
 
 namespace {
 
-constexpr std::size_t readLimit = 64 * 1024;
+constexpr std::size_t readLimit = std::size_t{64} * 1024;
 
 std::string readUpTo(int descriptor, std::size_t limit) {
     std::string content(limit, '\0');
