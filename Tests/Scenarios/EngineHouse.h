@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Engine/DevGuard.h"
+#include "Engine/QuitAll.h"
 #include "Engine/QuitEngine.h"
 #include "Engine/QuitNotifier.h"
 #include "Engine/SystemState.h"
@@ -19,9 +20,10 @@ struct EngineHouse {
     explicit EngineHouse(Platform& platform)
         : clock(AppClock::choose(platform.environment(), platform.wallClock())),
           settings(platform.userDefaults().productSuite(), platform.bundle()), rules(platform, *clock),
-          systemState(platform.environment()), audit(platform, *clock), guard(platform, audit),
-          oracle(platform.windowServer()),
-          engine(platform, {settings, rules, systemState, guard, oracle, audit, notifier, *clock}) {}
+          systemState(platform.environment(), platform.session()), audit(platform, *clock), guard(platform, audit),
+          oracle(platform.windowServer()), notifier(platform, settings),
+          engine(platform, {settings, rules, systemState, guard, oracle, audit, notifier, *clock}),
+          quitAll(platform, rules, guard, audit) {}
 
     std::unique_ptr<Clock> clock;
     AppSettings settings;
@@ -32,6 +34,7 @@ struct EngineHouse {
     WindowOracle oracle;
     QuitNotifier notifier;
     QuitEngine engine;
+    QuitAll quitAll;
 };
 
 } // namespace ambrel

@@ -321,7 +321,7 @@ TEST_F(LastWindow, AForcedLockOutranksTheSessionAndOnlyOneForces) {
 
     desktop.environment().set("AMBREL_FORCE_SCREEN_LOCKED", "true");
     desktop.environment().unset("AMBREL_FORCE_SESSION_INACTIVE");
-    EXPECT_TRUE(SystemState(desktop.environment()).isTrustworthy());
+    EXPECT_TRUE(SystemState(desktop.environment(), desktop.session()).isTrustworthy());
 }
 
 TEST_F(LastWindow, TheGuardWritesOneLineAndEndsTheChain) {

@@ -20,37 +20,55 @@ using ::testing::IsEmpty;
 
 class StartUp : public EngineScenario {
 protected:
-    void launch() {
-        delegate.emplace(desktop, AppDelegate::Neighbours{
-                                      [this]() -> auto& { return house().settings;
+    [[nodiscard]] AppDelegate::Neighbours neighbours() {
+        AppDelegate::Neighbours made;
+        made.settings = [this]() -> AppSettings& {
+            return house().settings;
+        };
+        made.devGuard = [this]() -> DevGuard& {
+            return house().guard;
+        };
+        made.statusItem = [this]() -> StatusItemController& {
+            return statusItem;
+        };
+        made.hotKeys = [this]() -> HotKeyManager& {
+            return hotKeys;
+        };
+        made.quitAll = [this]() -> QuitAll& {
+            return house().quitAll;
+        };
+        made.settingsWindow = [this]() -> SettingsWindowController& {
+            return settingsWindow;
+        };
+        made.onboarding = [this]() -> OnboardingController& {
+            return onboarding;
+        };
+        made.updates = [this]() -> UpdateController& {
+            return updates.emplace();
+        };
+        made.notifier = [this]() -> QuitNotifier& {
+            return house().notifier;
+        };
+        made.engine = [this]() -> QuitEngine& {
+            return house().engine;
+        };
+        return made;
     }
-    , [this]() -> auto& { return house().guard; }
-    , [this]() -> auto& { return statusItem; }
-    , [this]() -> auto& { return hotKeys; }
-    , [this]() -> auto& { return quitAll; }
-    , [this]() -> auto& { return settingsWindow; }
-    , [this]() -> auto& { return onboarding; }
-    , [this]() -> auto& { return updates.emplace(); }
-    , [this]() -> auto& { return house().notifier; }
-    , [this]() -> auto& { return house().engine; }});
-delegate->applicationDidFinishLaunching();
-desktop.settle();
-} // namespace
-void completeOnboarding() {
-    desktop.userDefaults().productSuite()->set("onboardingCompleted", true);
-}
-[[nodiscard]] std::vector<std::string> lifecycle() {
-    return log.texts("lifecycle");
-}
+    void launch() {
+        delegate.emplace(desktop, neighbours());
+        delegate->applicationDidFinishLaunching();
+        desktop.settle();
+    }
+    void completeOnboarding() { desktop.userDefaults().productSuite()->set("onboardingCompleted", true); }
+    [[nodiscard]] std::vector<std::string> lifecycle() { return log.texts("lifecycle"); }
 
-StatusItemController statusItem;
-HotKeyManager hotKeys;
-QuitAll quitAll;
-SettingsWindowController settingsWindow;
-OnboardingController onboarding;
-std::optional<UpdateController> updates;
-std::optional<AppDelegate> delegate;
-}; // namespace ambrel
+    StatusItemController statusItem;
+    HotKeyManager hotKeys{desktop.hotKeyCenter()};
+    SettingsWindowController settingsWindow;
+    OnboardingController onboarding;
+    std::optional<UpdateController> updates;
+    std::optional<AppDelegate> delegate;
+};
 
 TEST_F(StartUp, StartsTheEngineOnATrustedDesktop) {
     completeOnboarding();

@@ -1,17 +1,62 @@
 #pragma once
 
+#include "Core/Lifetime.h"
 #include "Core/Logger.h"
+#include "Core/Signal.h"
+#include "Engine/TerminationAudit.h"
+#include "Platform/RunningApplication.h"
+
+#include <unordered_map>
+#include <vector>
 
 namespace ambrel {
 
-/// Hides or quits applications that have been idle for longer than their rule allows.
+class AppRule;
+class AppRulesStore;
+class AppSettings;
+class Clock;
+class DevGuard;
+class Platform;
+class QuitNotifier;
+
+/// Hides or quits applications that have been idle for longer than their own rule allows. Idle is the time since an
+/// application last became active or stopped being active, and nothing else. Main thread only.
 class IdleMonitor {
 public:
-    void start() { log_.notice("hiding and quitting idle applications is not there yet"); }
-    void resetTimestamps() {}
+    struct Neighbours {
+        const AppSettings& settings;
+        const AppRulesStore& rules;
+        DevGuard& guard;
+        TerminationAudit& audit;
+        QuitNotifier& notifier;
+        const Clock& clock;
+    };
+
+    IdleMonitor(Platform& platform, Neighbours neighbours);
+
+    /// To be called once.
+    void start();
+    /// Gives every regular application a fresh clock.
+    void resetTimestamps();
 
 private:
+    void observeWorkspace();
+    void scheduleEvaluation();
+    void evaluate();
+    void evaluate(const RunningApplicationRef& app, Date now);
+    void hide(RunningApplication& app, const std::string& bundleID, Seconds idle);
+    void quit(RunningApplication& app, const std::string& bundleID, Seconds idle);
+    [[nodiscard]] double thresholdSeconds(const AppRule& rule) const;
+    void touch(const RunningApplicationRef& app);
+    void appTerminated(const RunningApplicationRef& app);
+
+    Platform& platform_;
+    Neighbours neighbours_;
     Logger log_{"idle"};
+    std::unordered_map<ProcessId, Date> lastActive_;
+    const Seconds interval_;
+    std::vector<Subscription> observers_;
+    Lifetime lifetime_;
 };
 
 } // namespace ambrel

@@ -28,7 +28,9 @@ QuitEngine& QuitEngine::shared() {
 
 QuitEngine::QuitEngine(Platform& platform, Neighbours neighbours)
     : platform_(platform), neighbours_(neighbours), debug_(AmbrelDebug::read(platform.environment())),
-      selfPID_(platform.workspace().currentProcessIdentifier()) {}
+      selfPID_(platform.workspace().currentProcessIdentifier()),
+      idleMonitor_(platform, {neighbours.settings, neighbours.rules, neighbours.guard, neighbours.audit,
+                              neighbours.notifier, neighbours.clock}) {}
 
 QuitEngine::~QuitEngine() = default;
 
@@ -53,7 +55,7 @@ void QuitEngine::observeWorkspace() {
 }
 
 void QuitEngine::observeTrust() {
-    sleepWake_ = std::make_unique<SleepWakeHandler>(lifetime_.guard([this] { recreateAll(); }));
+    sleepWake_ = std::make_unique<SleepWakeHandler>(platform_.session(), lifetime_.guard([this] { recreateAll(); }));
     neighbours_.systemState.onResumeTrusted = lifetime_.guard([this] {
         log_.notice("system returned to trusted state — rebuilding monitors so restored windows don't read as closed");
         recreateAll();
@@ -93,10 +95,6 @@ void QuitEngine::cancelAllPendingQuits() {
     }
     cgVetoRetries_.clear();
     log_.notice("paused; cancelled all pending quits");
-}
-
-void QuitEngine::appHidden(const RunningApplicationRef& app) {
-    log_.notice("{} was hidden; quitting when hidden is not there yet", app->bundleIdentifier().value_or("?"));
 }
 
 } // namespace ambrel

@@ -118,8 +118,13 @@ private:
     [[nodiscard]] std::optional<std::string> untrustedReason() const;
     [[nodiscard]] bool recentlyMinimized(const AppMonitor& monitor) const;
 
-    // The hide path
+    // The hide path: QuitEngine+Hide.cpp
     void appHidden(const RunningApplicationRef& app);
+    [[nodiscard]] bool quitsWhenHidden(const std::string& bundleID) const;
+    [[nodiscard]] bool isLaunchArtifact(const RunningApplication& app) const;
+    void scheduleHideQuit(ProcessId pid, const std::string& bundleID);
+    void performHideQuit(ProcessId pid, const std::string& bundleID);
+    void terminateHidden(RunningApplication& app, const std::string& bundleID);
 
     Platform& platform_;
     Neighbours neighbours_;

@@ -1,21 +1,27 @@
 #pragma once
 
 #include "Core/Logger.h"
+#include "Core/Signal.h"
 
 #include <functional>
-#include <utility>
 
 namespace ambrel {
+
+class Session;
 
 /// Calls back after the system has woken from sleep.
 class SleepWakeHandler {
 public:
-    explicit SleepWakeHandler(std::function<void()> onWake) : onWake_(std::move(onWake)) {
-        Logger("sleepwake").notice("watching for system sleep is not there yet");
-    }
+    SleepWakeHandler(Session& session, std::function<void()> onWake);
 
 private:
+    void willSleep();
+    void didWake();
+
+    Logger log_{"sleepwake"};
     std::function<void()> onWake_;
+    Subscription sleepObserver_;
+    Subscription wakeObserver_;
 };
 
 } // namespace ambrel

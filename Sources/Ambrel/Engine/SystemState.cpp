@@ -2,31 +2,92 @@
 
 #include "Platform/Environment.h"
 #include "Platform/Platform.h"
+#include "Platform/Session.h"
 
 namespace ambrel {
 
 SystemState& SystemState::shared() {
-    static auto& state = *new SystemState(Platform::shared().environment());
+    static auto& state = *new SystemState(Platform::shared().environment(), Platform::shared().session());
     return state;
 }
 
-SystemState::SystemState(const Environment& environment)
-    : forcedLocked_(environment.value("AMBREL_FORCE_SCREEN_LOCKED") == "1"),
+SystemState::SystemState(const Environment& environment, Session& session)
+    : session_(session), forcedLocked_(environment.value("AMBREL_FORCE_SCREEN_LOCKED") == "1"),
       forcedSessionInactive_(environment.value("AMBREL_FORCE_SESSION_INACTIVE") == "1") {}
 
 void SystemState::start() {
-    if (!started_) {
-        started_ = true;
-        log_.notice("watching for screen lock, display sleep and session switches is not there yet");
+    if (started_) {
+        return;
+    }
+    started_ = true;
+    observe();
+    session_.start();
+    seed();
+    log_.notice("system-state monitor started; locked={} sessionInactive={} forced={}", screenLocked_, sessionInactive_,
+                forcedLocked_ || forcedSessionInactive_);
+}
+
+void SystemState::observe() {
+    observers_.push_back(session_.screenIsLocked.subscribe([this] { setLocked(true); }));
+    observers_.push_back(session_.screenIsUnlocked.subscribe([this] { setLocked(false); }));
+    observers_.push_back(session_.screensDidSleep.subscribe([this] { setScreensAsleep(true); }));
+    observers_.push_back(session_.screensDidWake.subscribe([this] { setScreensAsleep(false); }));
+    observers_.push_back(session_.sessionDidResignActive.subscribe([this] { setSessionInactive(true); }));
+    observers_.push_back(session_.sessionDidBecomeActive.subscribe([this] { setSessionInactive(false); }));
+}
+
+void SystemState::seed() {
+    const auto facts = session_.current();
+    if (!facts) {
+        return;
+    }
+    screenLocked_ = facts->isScreenLocked.value_or(screenLocked_);
+    sessionInactive_ = facts->isOnConsole ? !*facts->isOnConsole : sessionInactive_;
+}
+
+void SystemState::setLocked(bool locked) {
+    change(screenLocked_, locked, {"screen", "locked", "unlocked"});
+}
+
+void SystemState::setScreensAsleep(bool asleep) {
+    change(screensAsleep_, asleep, {"screens", "asleep", "awake"});
+}
+
+void SystemState::setSessionInactive(bool inactive) {
+    change(sessionInactive_, inactive, {"login session", "resigned active (fast user switch)", "became active"});
+}
+
+void SystemState::change(bool& flag, bool value, const Words& words) {
+    if (flag == value) {
+        return;
+    }
+    const bool trustedBefore = isTrustworthy();
+    flag = value;
+    log_.notice("{} {} — last-window quits {}", words.subject, value ? words.whenTrue : words.whenFalse,
+                isTrustworthy() ? "resumed" : "SUSPENDED");
+    if (!trustedBefore && isTrustworthy() && onResumeTrusted) {
+        onResumeTrusted();
     }
 }
 
 bool SystemState::isTrustworthy() const {
-    return !forcedLocked_ && !forcedSessionInactive_;
+    return !forcedLocked_ && !forcedSessionInactive_ && !screenLocked_ && !screensAsleep_ && !sessionInactive_;
 }
 
 std::string SystemState::untrustworthyReason() const {
-    return forcedLocked_ ? "forced-lock" : forcedSessionInactive_ ? "forced-session-inactive" : "trusted";
+    if (forcedLocked_) {
+        return "forced-lock";
+    }
+    if (forcedSessionInactive_) {
+        return "forced-session-inactive";
+    }
+    if (sessionInactive_) {
+        return "session-inactive";
+    }
+    if (screenLocked_) {
+        return screensAsleep_ ? "locked+screens-asleep" : "screen-locked";
+    }
+    return screensAsleep_ ? "screens-asleep" : "trusted";
 }
 
 } // namespace ambrel

@@ -4,11 +4,15 @@ namespace ambrel {
 
 class Accessibility;
 class ApplicationHost;
+class BackgroundQueue;
 class Bundle;
 class Clock;
 class Environment;
 class FileLocations;
+class HotKeyCenter;
 class MainQueue;
+class NotificationCenter;
+class Session;
 class UserDefaults;
 class WindowServer;
 class Workspace;
@@ -27,6 +31,10 @@ public:
     [[nodiscard]] virtual Environment& environment() = 0;
     [[nodiscard]] virtual ApplicationHost& application() = 0;
     [[nodiscard]] virtual MainQueue& mainQueue() = 0;
+    [[nodiscard]] virtual BackgroundQueue& backgroundQueue() = 0;
+    [[nodiscard]] virtual Session& session() = 0;
+    [[nodiscard]] virtual HotKeyCenter& hotKeyCenter() = 0;
+    [[nodiscard]] virtual NotificationCenter& notificationCenter() = 0;
     /// The real date, or the one of the simulated day.
     [[nodiscard]] virtual const Clock& wallClock() const = 0;
 

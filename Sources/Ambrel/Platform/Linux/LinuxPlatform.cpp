@@ -8,12 +8,16 @@
 #include "Platform/Linux/LinuxApplicationHost.h"
 #include "Platform/Linux/LinuxBundle.h"
 #include "Platform/Linux/LinuxMainQueue.h"
+#include "Platform/Linux/LinuxNotificationCenter.h"
+#include "Platform/Linux/LinuxSession.h"
 #include "Platform/Linux/LinuxWorkspace.h"
 #include "Platform/Linux/ProcessEnvironment.h"
 #include "Platform/Linux/ProgramPresence.h"
 #include "Platform/Linux/QuitRequest.h"
 #include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/ThreadBackgroundQueue.h"
 #include "Platform/Linux/X11Connection.h"
+#include "Platform/Linux/X11HotKeyCenter.h"
 #include "Platform/Linux/X11WindowServer.h"
 #include "Platform/Linux/X11WindowSource.h"
 #include "Platform/Linux/XdgFileLocations.h"
@@ -58,6 +62,10 @@ struct LinuxPlatform::Parts {
     ApplicationIdentifier identifier;
     LinuxWorkspace workspace{{windows, quitRequest, queue}, identifier, presence, bundle.bundleIdentifier()};
     LinuxAccessibility accessibility{windows, workspace};
+    LinuxSession session;
+    X11HotKeyCenter hotKeys{*connection};
+    LinuxNotificationCenter notifications{bus, queue};
+    ThreadBackgroundQueue background;
     Subscription lost;
 };
 
@@ -108,6 +116,22 @@ ApplicationHost& LinuxPlatform::application() {
 
 MainQueue& LinuxPlatform::mainQueue() {
     return parts_->queue;
+}
+
+BackgroundQueue& LinuxPlatform::backgroundQueue() {
+    return parts_->background;
+}
+
+Session& LinuxPlatform::session() {
+    return parts_->session;
+}
+
+HotKeyCenter& LinuxPlatform::hotKeyCenter() {
+    return parts_->hotKeys;
+}
+
+NotificationCenter& LinuxPlatform::notificationCenter() {
+    return parts_->notifications;
 }
 
 const Clock& LinuxPlatform::wallClock() const {

@@ -31,6 +31,10 @@ public:
     [[nodiscard]] Environment& environment() override;
     [[nodiscard]] ApplicationHost& application() override;
     [[nodiscard]] MainQueue& mainQueue() override;
+    [[nodiscard]] BackgroundQueue& backgroundQueue() override;
+    [[nodiscard]] Session& session() override;
+    [[nodiscard]] HotKeyCenter& hotKeyCenter() override;
+    [[nodiscard]] NotificationCenter& notificationCenter() override;
     [[nodiscard]] const Clock& wallClock() const override;
 
     /// For the user interface, which owns the windows that the host speaks of.

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include <signal.h>
 #include <unistd.h>
 
 namespace ambrel {
@@ -54,6 +55,11 @@ LinuxWorkspace::runningApplicationsWithBundleIdentifier(const std::string& bundl
         }
     }
     return found;
+}
+
+bool LinuxWorkspace::processExists(ProcessId pid) const {
+    // Signal 0 asks and sends nothing.
+    return kill(pid, 0) == 0;
 }
 
 ProcessId LinuxWorkspace::currentProcessIdentifier() const {

@@ -25,6 +25,7 @@ public:
     [[nodiscard]] std::vector<RunningApplicationRef>
     runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) const override;
     [[nodiscard]] RunningApplicationRef frontmostApplication() const override { return frontmost_; }
+    [[nodiscard]] bool processExists(ProcessId pid) const override;
     [[nodiscard]] ProcessId currentProcessIdentifier() const override;
     [[nodiscard]] std::optional<InstalledApplication>
     installedApplication(const std::string& bundleIdentifier) const override;

@@ -3,9 +3,13 @@
 #include "Platform/Platform.h"
 #include "Platform/Simulated/SimulatedAccessibility.h"
 #include "Platform/Simulated/SimulatedApplicationHost.h"
+#include "Platform/Simulated/SimulatedBackgroundQueue.h"
 #include "Platform/Simulated/SimulatedBundle.h"
 #include "Platform/Simulated/SimulatedEnvironment.h"
 #include "Platform/Simulated/SimulatedFileLocations.h"
+#include "Platform/Simulated/SimulatedHotKeyCenter.h"
+#include "Platform/Simulated/SimulatedNotificationCenter.h"
+#include "Platform/Simulated/SimulatedSession.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 #include "Platform/Simulated/SimulatedWindowServer.h"
 #include "Platform/Simulated/SimulatedWorkspace.h"
@@ -28,6 +32,10 @@ public:
     [[nodiscard]] SimulatedEnvironment& environment() override { return environment_; }
     [[nodiscard]] SimulatedApplicationHost& application() override { return application_; }
     [[nodiscard]] VirtualMainQueue& mainQueue() override { return queue_; }
+    [[nodiscard]] SimulatedBackgroundQueue& backgroundQueue() override { return backgroundQueue_; }
+    [[nodiscard]] SimulatedSession& session() override { return session_; }
+    [[nodiscard]] SimulatedHotKeyCenter& hotKeyCenter() override { return hotKeyCenter_; }
+    [[nodiscard]] SimulatedNotificationCenter& notificationCenter() override { return notificationCenter_; }
     [[nodiscard]] const Clock& wallClock() const override { return queue_.wallClock(); }
 
     /// Shorthands for what tests do all the time.
@@ -49,6 +57,10 @@ private:
     SimulatedFileLocations fileLocations_;
     SimulatedEnvironment environment_;
     SimulatedApplicationHost application_;
+    SimulatedBackgroundQueue backgroundQueue_;
+    SimulatedSession session_;
+    SimulatedHotKeyCenter hotKeyCenter_;
+    SimulatedNotificationCenter notificationCenter_;
 };
 
 } // namespace ambrel::simulated

@@ -27,6 +27,7 @@ public:
     [[nodiscard]] std::vector<RunningApplicationRef>
     runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) const override;
     [[nodiscard]] RunningApplicationRef frontmostApplication() const override { return front_; }
+    [[nodiscard]] bool processExists(ProcessId pid) const override { return find(pid) != nullptr; }
     [[nodiscard]] ProcessId currentProcessIdentifier() const override { return ownPID; }
     [[nodiscard]] std::optional<InstalledApplication>
     installedApplication(const std::string& bundleIdentifier) const override;

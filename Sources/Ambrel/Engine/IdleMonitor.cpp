@@ -1,0 +1,143 @@
+#include "Engine/IdleMonitor.h"
+
+#include "Core/MainQueue.h"
+#include "Engine/DevGuard.h"
+#include "Engine/QuitNotifier.h"
+#include "Platform/Environment.h"
+#include "Platform/Platform.h"
+#include "Platform/Workspace.h"
+#include "State/AppRulesStore.h"
+#include "State/AppSettings.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ambrel {
+
+namespace {
+
+constexpr double defaultIntervalSeconds = 30.0;
+constexpr std::int64_t leastThresholdMinutes = 5;
+constexpr double secondsPerMinute = 60.0;
+
+/// Shown without a fraction, also where a fake clock says something absurd.
+double wholeSeconds(Seconds idle) {
+    return std::trunc(idle.count());
+}
+
+std::string detail(Seconds idle) {
+    return fmt::format("idle={:.0f}s", wholeSeconds(idle));
+}
+
+} // namespace
+
+IdleMonitor::IdleMonitor(Platform& platform, Neighbours neighbours)
+    : platform_(platform), neighbours_(neighbours),
+      interval_(platform.environment().number("AMBREL_IDLE_EVAL_INTERVAL").value_or(defaultIntervalSeconds)) {}
+
+void IdleMonitor::start() {
+    observeWorkspace();
+    resetTimestamps();
+    scheduleEvaluation();
+    log_.notice("idle monitor started");
+}
+
+void IdleMonitor::observeWorkspace() {
+    auto& workspace = platform_.workspace();
+    observers_.push_back(workspace.didActivate.subscribe([this](const auto& app) { touch(app); }));
+    observers_.push_back(workspace.didDeactivate.subscribe([this](const auto& app) { touch(app); }));
+    observers_.push_back(workspace.didTerminate.subscribe([this](const auto& app) { appTerminated(app); }));
+}
+
+void IdleMonitor::resetTimestamps() {
+    const Date now = neighbours_.clock.now();
+    for (const auto& app : platform_.workspace().runningApplications()) {
+        if (app->activationPolicy() == ActivationPolicy::regular) {
+            lastActive_[app->processIdentifier()] = now;
+        }
+    }
+}
+
+void IdleMonitor::scheduleEvaluation() {
+    // A repeating timer never repeats faster than this, whatever it is told.
+    constexpr Seconds shortestInterval{0.0001};
+    platform_.mainQueue().asyncAfter(std::max(interval_, shortestInterval), lifetime_.guard([this] {
+        scheduleEvaluation();
+        evaluate();
+    }));
+}
+
+void IdleMonitor::touch(const RunningApplicationRef& app) {
+    lastActive_[app->processIdentifier()] = neighbours_.clock.now();
+}
+
+void IdleMonitor::appTerminated(const RunningApplicationRef& app) {
+    if (lastActive_.erase(app->processIdentifier()) > 0) {
+        log_.notice("pruned pid {} ({}) on termination", app->processIdentifier(),
+                    app->bundleIdentifier().value_or("?"));
+    }
+}
+
+double IdleMonitor::thresholdSeconds(const AppRule& rule) const {
+    const auto forced = platform_.environment().number("AMBREL_IDLE_THRESHOLD_SECONDS");
+    return forced.value_or(static_cast<double>(std::max(rule.idleThresholdMinutes, leastThresholdMinutes)) *
+                           secondsPerMinute);
+}
+
+void IdleMonitor::evaluate() {
+    if (neighbours_.settings.isPaused.get()) {
+        return;
+    }
+    const Date now = neighbours_.clock.now();
+    const auto front = platform_.workspace().frontmostApplication();
+    for (const auto& app : platform_.workspace().runningApplications()) {
+        const bool isFront = front && front->processIdentifier() == app->processIdentifier();
+        if (app->activationPolicy() == ActivationPolicy::regular && !isFront) {
+            evaluate(app, now);
+        }
+    }
+}
+
+void IdleMonitor::evaluate(const RunningApplicationRef& app, Date now) {
+    const auto bundleID = app->bundleIdentifier();
+    const auto rule = bundleID ? neighbours_.rules.explicitRule(*bundleID) : std::nullopt;
+    if (!rule || rule->idleBehavior == AppRule::IdleBehavior::none) {
+        return;
+    }
+    const auto last = lastActive_.find(app->processIdentifier());
+    const Seconds idle = now - (last != lastActive_.end() ? last->second : now);
+    if (idle.count() < thresholdSeconds(*rule)) {
+        return;
+    }
+    if (rule->idleBehavior == AppRule::IdleBehavior::hide) {
+        hide(*app, *bundleID, idle);
+    } else {
+        quit(*app, *bundleID, idle);
+    }
+}
+
+void IdleMonitor::hide(RunningApplication& app, const std::string& bundleID, Seconds idle) {
+    if (app.isHidden()) {
+        return;
+    }
+    log_.notice("idle-hide {} (idle {:.0f}s)", bundleID, wholeSeconds(idle));
+    neighbours_.audit.record(TerminationAudit::Path::idle, app, TerminationAudit::Action::hidden, detail(idle));
+    app.hide();
+}
+
+void IdleMonitor::quit(RunningApplication& app, const std::string& bundleID, Seconds idle) {
+    const auto pid = app.processIdentifier();
+    // Without its entry the application reads as not idle, so it is asked once only.
+    lastActive_.erase(pid);
+    if (!neighbours_.guard.mayTerminate(app, TerminationAudit::Path::idle)) {
+        return;
+    }
+    log_.notice("idle-quit {} (idle {:.0f}s)", bundleID, wholeSeconds(idle));
+    neighbours_.audit.record(TerminationAudit::Path::idle, app, TerminationAudit::Action::terminated, detail(idle));
+    const auto name = app.localizedName().value_or(bundleID);
+    const auto url = app.bundleURL();
+    app.terminate();
+    neighbours_.notifier.notifyQuit(name, url, pid, TerminationAudit::Path::idle);
+}
+
+} // namespace ambrel
