@@ -62,7 +62,7 @@ struct LinuxPlatform::Parts {
     ApplicationIdentifier identifier;
     LinuxWorkspace workspace{{windows, quitRequest, queue}, identifier, presence, bundle.bundleIdentifier()};
     LinuxAccessibility accessibility{windows, workspace};
-    LinuxSession session;
+    LinuxSession session{*connection};
     X11HotKeyCenter hotKeys{*connection};
     LinuxNotificationCenter notifications{bus, queue};
     ThreadBackgroundQueue background;

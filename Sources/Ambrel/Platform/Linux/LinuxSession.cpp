@@ -1,11 +1,145 @@
 #include "Platform/Linux/LinuxSession.h"
 
+#include "Core/Logger.h"
+#include "Platform/Linux/AsyncBus.h"
+#include "Platform/Linux/LoginSession.h"
+#include "Platform/Linux/ScreenSaverService.h"
+
+#include <utility>
+
 namespace ambrel {
 
-void LinuxSession::start() {}
+namespace {
+
+constexpr Logger logger("systemstate");
+constexpr Seconds firstAnswersLimit(1.5);
+
+struct KnownScreenSaver {
+    const char* name;
+    std::vector<std::string> paths;
+};
+
+const std::vector<KnownScreenSaver>& knownScreenSavers() {
+    static const auto& known = *new std::vector<KnownScreenSaver>{
+        {"org.freedesktop.ScreenSaver", {"/org/freedesktop/ScreenSaver", "/ScreenSaver"}},
+        {"org.gnome.ScreenSaver", {"/org/gnome/ScreenSaver"}},
+    };
+    return known;
+}
+
+} // namespace
+
+LinuxSession::LinuxSession(X11Connection& connection) : displays_(connection) {}
+
+LinuxSession::~LinuxSession() = default;
+
+void LinuxSession::start() {
+    systemBus_ = AsyncBus::open(AsyncBus::Kind::system);
+    sessionBus_ = AsyncBus::open(AsyncBus::Kind::session);
+    watchLogin();
+    watchScreenSavers();
+    watchDisplays();
+    AsyncBus::settle({systemBus_.get(), sessionBus_.get()}, firstAnswersLimit);
+    reportSilence();
+    watchLosses();
+    locked_.value = lock_.isLocked().value_or(false);
+    away_.value = login_ && !login_->isActive().value_or(true);
+    settling_ = false;
+}
+
+void LinuxSession::watchLogin() {
+    if (!systemBus_) {
+        return;
+    }
+    login_ = std::make_unique<LoginSession>(*systemBus_);
+    const auto name = login_->name();
+    subscriptions_.push_back(login_->locked.subscribe([this, name](bool locked) { hear(name, locked); }));
+    subscriptions_.push_back(login_->activeChanged.subscribe([this] { announce(); }));
+    subscriptions_.push_back(
+        login_->preparesForSleep.subscribe([this](bool sleeps) { (sleeps ? willSleep : didWake).emit(); }));
+    subscriptions_.push_back(login_->vanished.subscribe([this, name] { mourn(name); }));
+}
+
+void LinuxSession::watchScreenSavers() {
+    if (!sessionBus_) {
+        return;
+    }
+    for (const auto& [name, paths] : knownScreenSavers()) {
+        auto& saver = *screenSavers_.emplace_back(std::make_unique<ScreenSaverService>(*sessionBus_, name, paths));
+        subscriptions_.push_back(saver.active.subscribe([this, service = saver.name()](bool active) {
+            heardScreenSaver_ = true;
+            hear(service, active);
+        }));
+        subscriptions_.push_back(saver.vanished.subscribe([this, service = saver.name()] { mourn(service); }));
+    }
+}
+
+void LinuxSession::watchDisplays() {
+    displays_.start();
+    subscriptions_.push_back(displays_.didChange.subscribe([this] { announce(); }));
+}
+
+void LinuxSession::watchLosses() {
+    const auto report = [this](const auto& bus, const char* name) {
+        if (bus) {
+            subscriptions_.push_back(bus->lost.subscribe([name] {
+                logger.notice("connection to the {} bus lost: its services are not watched any more", name);
+            }));
+        }
+    };
+    report(systemBus_, "system");
+    report(sessionBus_, "session");
+}
+
+void LinuxSession::reportSilence() const {
+    if (!login_ || !login_->isActive()) {
+        logger.notice("logind is not there or doesn't answer: the locks it knows of, session switches and sleep are "
+                      "not watched until it does");
+    }
+    if (!heardScreenSaver_) {
+        logger.notice("no screen saver service answers: the locks it would know of are not watched until one does");
+    }
+    if (!displays_.isWatched()) {
+        logger.notice("the X server tells nothing of its displays: their sleep is not watched");
+    }
+}
 
 std::optional<SessionFacts> LinuxSession::current() const {
-    return std::nullopt;
+    const SessionFacts facts{lock_.isLocked(), login_ ? login_->isActive() : std::nullopt};
+    return facts.isScreenLocked || facts.isOnConsole ? std::optional(facts) : std::nullopt;
+}
+
+void LinuxSession::hear(const std::string& service, bool locked) {
+    lock_.says(service, locked);
+    announce();
+}
+
+void LinuxSession::mourn(const std::string& service) {
+    if (lock_.dies(service)) {
+        logger.notice("{} has ended while it said that the screen is locked; asking the others", service);
+        if (login_) {
+            login_->ask();
+        }
+        for (const auto& saver : screenSavers_) {
+            saver->ask();
+        }
+    }
+    announce();
+}
+
+void LinuxSession::announce() {
+    if (settling_) {
+        return;
+    }
+    locked_.move(lock_.isLocked().value_or(false), screenIsLocked, screenIsUnlocked);
+    away_.move(login_ && !login_->isActive().value_or(true), sessionDidResignActive, sessionDidBecomeActive);
+    asleep_.move(displays_.isAsleep(), screensDidSleep, screensDidWake);
+}
+
+void LinuxSession::Edge::move(bool next, const Signal<>& rises, const Signal<>& falls) {
+    if (std::exchange(value, next) != next) {
+        (next ? rises : falls).emit();
+    }
 }
 
 } // namespace ambrel

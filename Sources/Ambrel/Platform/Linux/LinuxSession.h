@@ -1,14 +1,59 @@
 #pragma once
 
+#include "Platform/Linux/LockVerdict.h"
+#include "Platform/Linux/X11DisplaySleep.h"
 #include "Platform/Session.h"
 
+#include <memory>
+#include <string>
+#include <vector>
+
 namespace ambrel {
+
+class AsyncBus;
+class LoginSession;
+class ScreenSaverService;
 
 /// The session as logind, the screen savers of the session bus and the X server tell it.
 class LinuxSession final : public Session {
 public:
+    /// `connection` must outlive this object.
+    explicit LinuxSession(X11Connection& connection);
+    ~LinuxSession() override;
+
+    /// Waits for first answers, 1.5 s at most; what comes later is an event.
     void start() override;
+    /// What is known at this moment; nothing before `start`. Never waits.
     [[nodiscard]] std::optional<SessionFacts> current() const override;
+
+private:
+    /// A condition as it was last announced.
+    struct Edge {
+        bool value = false;
+        void move(bool next, const Signal<>& rises, const Signal<>& falls);
+    };
+
+    void watchLogin();
+    void watchScreenSavers();
+    void watchDisplays();
+    void watchLosses();
+    void reportSilence() const;
+    void hear(const std::string& service, bool locked);
+    void mourn(const std::string& service);
+    void announce();
+
+    X11DisplaySleep displays_;
+    std::unique_ptr<AsyncBus> systemBus_;
+    std::unique_ptr<AsyncBus> sessionBus_;
+    std::unique_ptr<LoginSession> login_;
+    std::vector<std::unique_ptr<ScreenSaverService>> screenSavers_;
+    bool heardScreenSaver_ = false;
+    LockVerdict lock_;
+    bool settling_ = true;
+    Edge locked_;
+    Edge away_;
+    Edge asleep_;
+    std::vector<Subscription> subscriptions_;
 };
 
 } // namespace ambrel

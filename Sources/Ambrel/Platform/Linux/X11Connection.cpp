@@ -151,6 +151,7 @@ void X11Connection::pump(Poll poll) {
     while (deliver(poll)) {
         drained.emit();
     }
+    polled.emit();
     xcb_flush(connection_);
     pumping_ = false;
     if (xcb_connection_has_error(connection_) != 0) {

@@ -59,6 +59,8 @@ public:
     Signal<const xcb_generic_event_t&> event;
     /// Every event that has arrived is delivered. Observers may make requests and wait for replies.
     Signal<> drained;
+    /// What has arrived was read, be it replies alone: the time to poll for those that nobody waits for.
+    Signal<> polled;
     /// The server has gone; emitted once.
     Signal<> lost;
 

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "Core/Clock.h"
+#include "Core/Signal.h"
+
+#include <functional>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include <systemd/sd-bus.h>
+
+class QSocketNotifier;
+
+namespace ambrel {
+
+/// A connection to a message bus on which nothing ever waits, whatever the bus and its services do. Qt's connections
+/// share one thread, which a stalled bus holds up, and subscribing waits for that thread: no way to watch services that
+/// may hang. Main thread only.
+class AsyncBus {
+public:
+    enum class Kind { session, system };
+    /// Gets a message at its beginning; the answer to a call may be an error.
+    using Handler = std::function<void(sd_bus_message*)>;
+
+    struct Call {
+        std::string service;
+        std::string path;
+        std::string interface;
+        std::string method;
+        std::optional<std::string> argument;
+    };
+
+    /// Null where there is no bus; none is started. That it answers shows only later.
+    [[nodiscard]] static std::unique_ptr<AsyncBus> open(Kind kind);
+
+    AsyncBus(const AsyncBus&) = delete;
+    AsyncBus& operator=(const AsyncBus&) = delete;
+    ~AsyncBus();
+
+    /// Never starts the service. The answer may come at any time, or, from a service that hangs, never.
+    void call(const Call& call, Handler answer);
+    /// Hears the signals that match the rule, in the bus's own words.
+    void subscribe(const std::string& rule, Handler handler);
+
+    /// Delivers what arrives until every call on these buses is answered, for `limit` at most. Null is no bus.
+    static void settle(std::initializer_list<AsyncBus*> buses, Seconds limit);
+
+    /// The bus has gone, and every service on it; emitted once.
+    Signal<> lost;
+
+private:
+    struct Close {
+        void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
+    };
+
+    explicit AsyncBus(std::unique_ptr<sd_bus, Close> bus);
+    void pump();
+    void awaitWriting();
+    void lose();
+    [[nodiscard]] bool isSettled() const { return isLost_ || unanswered_ == 0; }
+
+    std::unique_ptr<sd_bus, Close> bus_;
+    std::unique_ptr<QSocketNotifier> reading_;
+    std::unique_ptr<QSocketNotifier> writing_;
+    int unanswered_ = 0;
+    bool pumping_ = false;
+    bool isLost_ = false;
+};
+
+/// The Boolean that is next in the message.
+[[nodiscard]] std::optional<bool> readBoolean(sd_bus_message* message);
+/// The text, or object path, that is next in the message.
+[[nodiscard]] std::optional<std::string> readText(sd_bus_message* message, char type = SD_BUS_TYPE_STRING);
+/// Tells of each Boolean in the dictionary of variants that is next in the message.
+void readBooleans(sd_bus_message* message, const std::function<void(const std::string& name, bool value)>& found);
+
+} // namespace ambrel
