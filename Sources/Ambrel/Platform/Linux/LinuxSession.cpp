@@ -42,8 +42,8 @@ void LinuxSession::start() {
     AsyncBus::settle({systemBus_.get(), sessionBus_.get()}, firstAnswersLimit);
     reportSilence();
     watchLosses();
-    locked_.value = lock_.isLocked().value_or(false);
-    away_.value = login_ && !login_->isActive().value_or(true);
+    isLocked_ = isLocked();
+    isAway_ = isAway();
     settling_ = false;
 }
 
@@ -131,15 +131,31 @@ void LinuxSession::announce() {
     if (settling_) {
         return;
     }
-    locked_.move(lock_.isLocked().value_or(false), screenIsLocked, screenIsUnlocked);
-    away_.move(login_ && !login_->isActive().value_or(true), sessionDidResignActive, sessionDidBecomeActive);
-    asleep_.move(displays_.isAsleep(), screensDidSleep, screensDidWake);
+    struct Condition {
+        bool& announced;
+        bool holds;
+        const Signal<>& begins;
+        const Signal<>& ends;
+    };
+    const Condition conditions[] = {{isLocked_, isLocked(), screenIsLocked, screenIsUnlocked},
+                                    {isAway_, isAway(), sessionDidResignActive, sessionDidBecomeActive},
+                                    {isAsleep_, displays_.isAsleep(), screensDidSleep, screensDidWake}};
+    // Where one begins as another ends, nobody shall see a moment without any.
+    for (const bool value : {true, false}) {
+        for (const auto& condition : conditions) {
+            if (condition.holds == value && std::exchange(condition.announced, value) != value) {
+                (value ? condition.begins : condition.ends).emit();
+            }
+        }
+    }
 }
 
-void LinuxSession::Edge::move(bool next, const Signal<>& rises, const Signal<>& falls) {
-    if (std::exchange(value, next) != next) {
-        (next ? rises : falls).emit();
-    }
+bool LinuxSession::isLocked() const {
+    return lock_.isLocked().value_or(false);
+}
+
+bool LinuxSession::isAway() const {
+    return login_ && !login_->isActive().value_or(true);
 }
 
 } // namespace ambrel

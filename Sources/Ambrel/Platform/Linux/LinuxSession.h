@@ -27,12 +27,6 @@ public:
     [[nodiscard]] std::optional<SessionFacts> current() const override;
 
 private:
-    /// A condition as it was last announced.
-    struct Edge {
-        bool value = false;
-        void move(bool next, const Signal<>& rises, const Signal<>& falls);
-    };
-
     void watchLogin();
     void watchScreenSavers();
     void watchDisplays();
@@ -41,6 +35,8 @@ private:
     void hear(const std::string& service, bool locked);
     void mourn(const std::string& service);
     void announce();
+    [[nodiscard]] bool isLocked() const;
+    [[nodiscard]] bool isAway() const;
 
     X11DisplaySleep displays_;
     std::unique_ptr<AsyncBus> systemBus_;
@@ -50,9 +46,10 @@ private:
     bool heardScreenSaver_ = false;
     LockVerdict lock_;
     bool settling_ = true;
-    Edge locked_;
-    Edge away_;
-    Edge asleep_;
+    // As announced.
+    bool isLocked_ = false;
+    bool isAway_ = false;
+    bool isAsleep_ = false;
     std::vector<Subscription> subscriptions_;
 };
 
