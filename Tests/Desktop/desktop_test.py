@@ -71,13 +71,13 @@ class DesktopTest(unittest.TestCase):
     def wait_until_quit(self, ambrel, program):
         ambrel.wait_for(re.compile(rf"engine: quitting \S+ pid {program.pid} \(windows=0\)$"))
         program.wait_for_end()
-        # Nobody waits for the disk, so the line may come after the end of the application.
-        self.wait_for_decision(ambrel, "terminated", program.pid)
+        self.wait_for_decision(ambrel, "terminated", program)
 
-    def wait_for_decision(self, ambrel, action, pid):
-        wait_until(lambda: ("last-window", action, pid) in
+    def wait_for_decision(self, ambrel, action, program):
+        """Decisions are written beside the main thread: they may come later than their consequences."""
+        wait_until(lambda: ("last-window", action, program.pid) in
                    [(decision.path, decision.action, decision.pid) for decision in ambrel.decisions()],
-                   f"the decisions log says {action} for {pid}")
+                   f"{action} is recorded of {program.name}")
 
     def check_left_alone(self, ambrel, *programs):
         """By the time a later application has been quit, an earlier one would have been."""

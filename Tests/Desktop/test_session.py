@@ -1,0 +1,206 @@
+"""Locks, other sessions, sleep and dark displays: when a window that is gone need not have been closed."""
+import os
+import re
+import signal
+import subprocess
+
+import dbus
+
+import desktop_test
+import services
+from desktop_test import SUBJECT, DesktopTest
+from services import Logind, ScreenSaver
+
+LOCKED, UNLOCKED = (f"systemstate: screen {word} — last-window quits " for word in ("locked", "unlocked"))
+WAITING_LIMIT_SECONDS = 1.5
+
+
+class Session(DesktopTest):
+    def start_logind(self, **properties):
+        return self.keep(Logind(**properties))
+
+    def start_saver(self, *arguments):
+        return self.keep(ScreenSaver(*arguments))
+
+    def close_without_quit(self, ambrel, action):
+        """Closes the only window of a new sample, which is taken down as `action` and survives."""
+        subject = self.start_sample()
+        subject.open()
+        self.wait_until_attached(ambrel, subject)
+        subject.say("destroy 1")
+        self.wait_for_decision(ambrel, action, subject)
+        self.assertIsNone(ambrel.find(f"scheduling quit of {SUBJECT} pid {subject.pid} "))
+        return subject
+
+    def check_trusted_again(self, ambrel, *survivors):
+        ambrel.wait_for("engine: system returned to trusted state — rebuilding monitors so restored windows "
+                        "don't read as closed")
+        self.check_left_alone(ambrel, *survivors)
+        for subject in survivors:
+            begin = len(ambrel.lines)
+            subject.open()
+            ambrel.wait_for(re.compile(f"{SUBJECT} windows 0->1 "), after=begin)
+            subject.say("destroy 2")
+            self.wait_until_quit(ambrel, subject)
+
+    def check_start(self, ambrel, limit=WAITING_LIMIT_SECONDS):
+        """Nothing that hangs has held up the start for more than the limit (and a little for the machine)."""
+        before, after = ambrel.find("idle: idle monitor started"), ambrel.find("system-state monitor started")
+        self.assertLess(after.time - before.time, limit + 0.5)
+
+    def stop(self, pid):
+        """Stopped, not ended; the test's end wakes it."""
+        os.kill(pid, signal.SIGSTOP)
+        self.addCleanup(lambda: os.path.exists(f"/proc/{pid}") and os.kill(pid, signal.SIGCONT))
+
+    def test_lock_sleep_wake_unlock(self):
+        logind = self.start_logind()
+        ambrel = self.start_ambrel()
+        self.assertIsNotNone(ambrel.find("system-state monitor started; locked=false sessionInactive=false "))
+        logind.update(LockedHint=True)
+        ambrel.wait_for(LOCKED + "SUSPENDED")
+        subject = self.close_without_quit(ambrel, "skipped(screen-locked)")
+        logind.prepare_for_sleep(True)
+        ambrel.wait_for("sleepwake: system will sleep")
+        logind.prepare_for_sleep(False)
+        ambrel.wait_for("sleepwake: system woke; rebuilding monitors")
+        self.assertIsNone(ambrel.find(UNLOCKED))
+        logind.update(LockedHint=False)
+        ambrel.wait_for(UNLOCKED + "resumed")
+        self.check_trusted_again(ambrel, subject)
+        self.assertEqual(1, ambrel.count(LOCKED))
+
+    def test_another_user_takes_the_console(self):
+        logind = self.start_logind()
+        ambrel = self.start_ambrel()
+        logind.update(Active=False, LockedHint=True)
+        ambrel.wait_for("login session resigned active (fast user switch) — last-window quits SUSPENDED")
+        subject = self.close_without_quit(ambrel, "skipped(session-inactive)")
+        logind.update(Active=True)
+        ambrel.wait_for("login session became active — last-window quits SUSPENDED")
+        logind.update(LockedHint=False)
+        self.check_trusted_again(ambrel, subject)
+
+    def test_started_while_locked_and_away(self):
+        logind = self.start_logind(LockedHint=True, Active=False)
+        ambrel = self.start_ambrel()
+        self.assertIsNotNone(ambrel.find("system-state monitor started; locked=true sessionInactive=true "))
+        logind.update(Active=True)
+        logind.update(LockedHint=False)
+        ambrel.wait_for(UNLOCKED + "resumed")
+        self.check_trusted_again(ambrel)
+
+    def test_every_screen_saver(self):
+        for name, path in (("org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver"),
+                           ("org.freedesktop.ScreenSaver", "/ScreenSaver"),
+                           ("org.gnome.ScreenSaver", "/org/gnome/ScreenSaver")):
+            with self.subTest(path):
+                saver = self.start_saver(name, path, "on")
+                ambrel = self.start_ambrel()
+                self.assertIsNotNone(ambrel.find("system-state monitor started; locked=true "))
+                for _ in range(2):
+                    begin = len(ambrel.lines)
+                    saver.say("off")
+                    ambrel.wait_for(UNLOCKED + "resumed", after=begin)
+                    saver.say("on")
+                    ambrel.wait_for(LOCKED + "SUSPENDED", after=begin)
+                ambrel.stop()
+                saver.stop()
+
+    def test_screen_saver_dies_and_comes_back(self):
+        ambrel = self.start_ambrel()
+        saver = self.start_saver("org.freedesktop.ScreenSaver", "/ScreenSaver", "on")
+        ambrel.wait_for(LOCKED + "SUSPENDED")
+        saver.stop()
+        ambrel.wait_for("org.freedesktop.ScreenSaver has ended while it said that the screen is locked")
+        subject = self.close_without_quit(ambrel, "skipped(screen-locked)")
+        self.assertIsNone(ambrel.find(UNLOCKED))
+        self.start_saver()
+        ambrel.wait_for(UNLOCKED + "resumed")
+        self.check_trusted_again(ambrel, subject)
+
+    def test_screen_saver_dies_and_logind_is_asked(self):
+        logind, saver = self.start_logind(), self.start_saver()
+        ambrel = self.start_ambrel()
+        saver.say("on")
+        ambrel.wait_for(LOCKED + "SUSPENDED")
+        self.stop(logind.pid)
+        saver.stop()
+        ambrel.wait_for("has ended while it said that the screen is locked")
+        self.close_without_quit(ambrel, "skipped(screen-locked)")
+        self.assertIsNone(ambrel.find(UNLOCKED))
+        logind.signal(signal.SIGCONT)
+        ambrel.wait_for(UNLOCKED + "resumed")
+
+    def test_logind_restarts(self):
+        logind = self.start_logind(LockedHint=True)
+        ambrel = self.start_ambrel()
+        logind.stop()
+        ambrel.wait_for("org.freedesktop.login1 has ended while it said that the screen is locked")
+        self.assertIsNone(ambrel.find(UNLOCKED))
+        logind = self.start_logind(LockedHint=False, Active=False)
+        ambrel.wait_for(UNLOCKED + "SUSPENDED")
+        self.assertIsNotNone(ambrel.find("login session resigned active"))
+        logind.update(Active=True)
+        self.check_trusted_again(ambrel)
+
+    def test_logind_hangs_at_the_start(self):
+        logind = self.start_logind(LockedHint=True)
+        self.stop(logind.pid)
+        ambrel = self.start_ambrel()
+        self.check_start(ambrel)
+        self.assertEqual(1, ambrel.count("logind is not there or doesn't answer"))
+        self.check_left_alone(ambrel)
+        logind.signal(signal.SIGCONT)
+        ambrel.wait_for(LOCKED + "SUSPENDED")
+
+    def test_logind_hangs_later(self):
+        logind = self.start_logind()
+        ambrel = self.start_ambrel()
+        self.stop(logind.pid)
+        self.check_left_alone(ambrel)
+        logind.signal(signal.SIGCONT)
+        logind.update(LockedHint=True)
+        ambrel.wait_for(LOCKED + "SUSPENDED")
+
+    def test_system_bus_hangs(self):
+        logind = self.start_logind()
+        bus = services.process_of(logind.bus, services.BUS)
+        self.stop(bus)
+        ambrel = self.start_ambrel()
+        self.check_start(ambrel)
+        self.check_left_alone(ambrel)
+        os.kill(bus, signal.SIGCONT)
+        logind.update(LockedHint=True)
+        ambrel.wait_for(LOCKED + "SUSPENDED")
+
+    def test_system_bus_dies(self):
+        bus = self.start("dbus-daemon", "--session", "--nofork", "--print-address=1")
+        ambrel = self.start_ambrel(environment={"DBUS_SYSTEM_BUS_ADDRESS": bus.wait_for("unix:").text})
+        bus.stop()
+        ambrel.wait_for("systemstate: connection to the system bus lost")
+        self.check_left_alone(ambrel)
+        self.assertEqual(1, ambrel.count(" lost: "))
+
+    def test_nothing_to_watch(self):
+        for address in (f"unix:path={self.folder}/no-bus", os.environ["DBUS_SYSTEM_BUS_ADDRESS"]):
+            ambrel = self.start_ambrel(environment={"DBUS_SYSTEM_BUS_ADDRESS": address})
+            self.check_start(ambrel, limit=0)
+            self.check_left_alone(ambrel)
+            self.assertEqual(2, ambrel.count(" not watched until "))
+            ambrel.stop()
+        self.assertFalse(dbus.SystemBus().name_has_owner(services.LOGIN))
+
+    def test_dark_displays(self):
+        subprocess.run(["xset", "s", "activate"], check=True)
+        self.addCleanup(subprocess.run, ["xset", "s", "reset"], check=True)
+        ambrel = self.start_ambrel()
+        ambrel.wait_for("screens asleep — last-window quits SUSPENDED")
+        subject = self.close_without_quit(ambrel, "skipped(screen-locked)")
+        subprocess.run(["xset", "s", "reset"], check=True)
+        ambrel.wait_for("screens awake — last-window quits resumed")
+        self.check_trusted_again(ambrel, subject)
+
+
+if __name__ == "__main__":
+    desktop_test.main()
