@@ -53,8 +53,12 @@ std::vector<ProcessId> EngineScenario::terminated() const {
 }
 
 void EngineScenario::setRule(const std::string& bundleID, bool quitOnLastWindowClose) {
+    chooseRule(bundleID, [&](AppRule& rule) { rule.quitOnLastWindowClose = quitOnLastWindowClose; });
+}
+
+void EngineScenario::chooseRule(const std::string& bundleID, const std::function<void(AppRule&)>& choose) {
     AppRule rule(bundleID);
-    rule.quitOnLastWindowClose = quitOnLastWindowClose;
+    choose(rule);
     house().rules.upsert(rule);
 }
 

@@ -3,6 +3,7 @@
 #include "Scenarios/EngineHouse.h"
 #include "Support/AmbrelTest.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -26,6 +27,8 @@ protected:
     [[nodiscard]] std::vector<std::string> decisions();
     [[nodiscard]] std::vector<ProcessId> terminated() const;
     void setRule(const std::string& bundleID, bool quitOnLastWindowClose);
+    /// Stores a rule for that very application: an ordinary one, as `choose` has changed it.
+    void chooseRule(const std::string& bundleID, const std::function<void(AppRule&)>& choose);
 
 private:
     std::unique_ptr<EngineHouse> house_;
