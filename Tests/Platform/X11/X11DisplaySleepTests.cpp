@@ -1,0 +1,120 @@
+#include "Platform/Linux/X11DisplaySleep.h"
+#include "Platform/X11/PlayedDesktop.h"
+#include "Platform/X11/PlayedPowerLevel.h"
+
+#include <cstdlib>
+
+#include <gtest/gtest.h>
+
+namespace ambrel {
+namespace {
+
+std::unique_ptr<X11Connection> connect() {
+    auto opened = X11Connection::open({}, Seconds(5));
+    return std::move(std::get<std::unique_ptr<X11Connection>>(opened));
+}
+
+class X11DisplaySleepTest : public testing::Test {
+protected:
+    void SetUp() override {
+        connection->selectEvents(connection->root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
+        sync();
+        changes = displays.didChange.subscribe([this] { ++changeCount; });
+        connection->start();
+    }
+    void TearDown() override {
+        forceScreenSaver(XCB_SCREEN_SAVER_RESET);
+        PlayedPowerLevel::level = XCB_DPMS_DPMS_MODE_ON;
+        PlayedPowerLevel::isEnabled = true;
+    }
+
+    /// Before another connection's next request, the server has done what this one has asked for.
+    void sync() {
+        std::free(xcb_get_input_focus_reply(connection->raw(), xcb_get_input_focus(connection->raw()), nullptr));
+    }
+    /// What the server also does of itself when the power level changes.
+    void forceScreenSaver(std::uint8_t mode) {
+        xcb_force_screen_saver(other->raw(), mode);
+        xcb_flush(other->raw());
+    }
+    /// Something ordinary happens on the desktop, and has been heard when this returns.
+    void stir() {
+        int heard = 0;
+        const auto event = connection->event.subscribe(
+            [&](const auto& each) { heard += each.response_type == XCB_PROPERTY_NOTIFY ? 1 : 0; });
+        manager.publish({});
+        EXPECT_TRUE(waitUntil([&] { return heard > 0; }));
+    }
+    [[nodiscard]] bool awaitAsleep(bool asleep) {
+        return waitUntil([&] { return displays.isAsleep() == asleep; });
+    }
+
+    PlayedWindowManager manager;
+    std::unique_ptr<X11Connection> other = connect();
+    std::unique_ptr<X11Connection> connection = connect();
+    X11DisplaySleep displays{*connection};
+    int changeCount = 0;
+    Subscription changes;
+};
+
+TEST_F(X11DisplaySleepTest, DarkIsBlankedOrSavingPower) {
+    displays.start();
+    stir();
+    for (const std::uint16_t level : {XCB_DPMS_DPMS_MODE_ON, XCB_DPMS_DPMS_MODE_STANDBY, XCB_DPMS_DPMS_MODE_OFF}) {
+        changeCount = 0;
+        PlayedPowerLevel::level = level;
+        forceScreenSaver(XCB_SCREEN_SAVER_ACTIVE);
+        EXPECT_TRUE(awaitAsleep(true)) << level;
+        stir();
+        PlayedPowerLevel::level = XCB_DPMS_DPMS_MODE_ON;
+        forceScreenSaver(XCB_SCREEN_SAVER_RESET);
+        EXPECT_TRUE(awaitAsleep(false)) << level;
+        EXPECT_EQ(changeCount, 2) << level;
+    }
+}
+
+TEST_F(X11DisplaySleepTest, KnowsWhatWasSoBeforeTheStart) {
+    PlayedPowerLevel::level = XCB_DPMS_DPMS_MODE_SUSPEND;
+    displays.start();
+    EXPECT_TRUE(awaitAsleep(true));
+
+    X11DisplaySleep later(*connection);
+    PlayedPowerLevel::level = XCB_DPMS_DPMS_MODE_ON;
+    forceScreenSaver(XCB_SCREEN_SAVER_ACTIVE);
+    stir();
+    later.start();
+    EXPECT_TRUE(waitUntil([&] { return later.isAsleep(); }));
+}
+
+TEST_F(X11DisplaySleepTest, DisplaysThatWakeSilentlyAreFoundOutByTheNextEvent) {
+    displays.start();
+    stir();
+    PlayedPowerLevel::level = XCB_DPMS_DPMS_MODE_OFF;
+    forceScreenSaver(XCB_SCREEN_SAVER_ACTIVE);
+    ASSERT_TRUE(awaitAsleep(true));
+    forceScreenSaver(XCB_SCREEN_SAVER_RESET);
+    stir();
+    stir();
+    EXPECT_TRUE(displays.isAsleep());
+    PlayedPowerLevel::level = XCB_DPMS_DPMS_MODE_ON;
+    EXPECT_TRUE(waitUntil([&] {
+        stir();
+        return !displays.isAsleep();
+    }));
+}
+
+TEST_F(X11DisplaySleepTest, AsksOnlyWhenTheScreenChanges) {
+    PlayedPowerLevel::level = XCB_DPMS_DPMS_MODE_OFF;
+    PlayedPowerLevel::isEnabled = false;
+    displays.start();
+    stir();
+    const int before = PlayedPowerLevel::questions;
+    for (int event = 0; event < 10; ++event) {
+        stir();
+    }
+    EXPECT_EQ(PlayedPowerLevel::questions, before);
+    EXPECT_EQ(changeCount, 0);
+}
+
+} // namespace
+} // namespace ambrel
