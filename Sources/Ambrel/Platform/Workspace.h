@@ -27,7 +27,7 @@ public:
     runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) const = 0;
     /// The application whose window has the focus; null when there is none.
     [[nodiscard]] virtual RunningApplicationRef frontmostApplication() const = 0;
-    /// A process of this id exists, whoever's it is. May be called on any thread.
+    /// A process of this id exists and has not ended, whoever's it is. May be called on any thread.
     [[nodiscard]] virtual bool processExists(ProcessId pid) const = 0;
     /// This process.
     [[nodiscard]] virtual ProcessId currentProcessIdentifier() const = 0;

@@ -1,5 +1,6 @@
 #include "Platform/Linux/ChildProcess.h"
 #include "Platform/Linux/EventLoop.h"
+#include "Platform/Linux/ProcFiles.h"
 #include "Platform/Linux/Process.h"
 
 #include <gtest/gtest.h>
@@ -44,12 +45,14 @@ TEST(ProcessTests, ZombieHasEndedAndTakesNoSignal) {
     EXPECT_TRUE(process->hasExited());
     EXPECT_FALSE(process->signal(SIGTERM));
     EXPECT_FALSE(Process::open(child.pid(), [] {}));
+    EXPECT_FALSE(Process::exists(child.pid()));
 
     const auto gone = child.pid();
     child.collect();
     EXPECT_TRUE(process->hasExited());
     EXPECT_FALSE(process->signal(SIGTERM));
     EXPECT_FALSE(Process::open(gone, [] {}));
+    EXPECT_FALSE(Process::exists(gone));
 }
 
 TEST(ProcessTests, StoppedProcessIsAlive) {
@@ -60,8 +63,28 @@ TEST(ProcessTests, StoppedProcessIsAlive) {
     child.awaitStop();
     EXPECT_TRUE(process->signal(SIGTERM));
     EXPECT_FALSE(process->hasExited());
+    EXPECT_TRUE(Process::exists(child.pid()));
     child.signal(SIGCONT);
     EXPECT_TRUE(runUntil([&] { return ended; }));
+}
+
+TEST(ProcessTests, ExistsWhoeversItIsAndWhicheverThreadHasEnded) {
+    ChildProcess headless({"python3", "-c",
+                           "import ctypes, threading, time\n"
+                           "threading.Thread(target=time.sleep, args=[60]).start()\n"
+                           "print('ready', flush=True)\n"
+                           "ctypes.CDLL(None).pthread_exit(None)"},
+                          {{"PATH", "/usr/bin:/bin"}});
+    ASSERT_EQ(headless.readLine(), "ready");
+    const auto state = [&] {
+        const auto stat = readProcFile(headless.pid(), "stat").value_or("");
+        return stat.substr(std::min(stat.rfind(')') + 2, stat.size()), 1);
+    };
+    ASSERT_TRUE(runUntil([&] { return state() == "Z"; }));
+    EXPECT_TRUE(Process::exists(headless.pid()));
+    EXPECT_TRUE(Process::exists(1));
+    EXPECT_FALSE(Process::exists(0));
+    EXPECT_FALSE(Process::exists(-1));
 }
 
 TEST(ProcessTests, MayBeDroppedByTheNewsOfItsEnd) {

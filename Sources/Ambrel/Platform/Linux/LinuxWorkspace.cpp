@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <utility>
 
-#include <signal.h>
 #include <unistd.h>
 
 namespace ambrel {
@@ -58,8 +57,7 @@ LinuxWorkspace::runningApplicationsWithBundleIdentifier(const std::string& bundl
 }
 
 bool LinuxWorkspace::processExists(ProcessId pid) const {
-    // Signal 0 asks and sends nothing.
-    return kill(pid, 0) == 0;
+    return Process::exists(pid);
 }
 
 ProcessId LinuxWorkspace::currentProcessIdentifier() const {

@@ -2,6 +2,7 @@
 
 #include "Platform/Linux/ProcFiles.h"
 
+#include <cerrno>
 #include <fstream>
 #include <utility>
 
@@ -41,6 +42,10 @@ bool isOurs(ProcessId pid) {
     return status && statusBelongsTo(*status, geteuid());
 }
 
+int openDescriptor(ProcessId pid) {
+    return pid > 0 ? static_cast<int>(syscall(SYS_pidfd_open, pid, 0)) : -1;
+}
+
 bool isReadable(int descriptor) {
     pollfd request{descriptor, POLLIN, 0};
     return ::poll(&request, 1, 0) != 0;
@@ -48,8 +53,19 @@ bool isReadable(int descriptor) {
 
 } // namespace
 
+bool Process::exists(ProcessId pid) {
+    // Signal 0 reaches a zombie too, and a file below /proc calls a process one whose first thread alone has ended.
+    const int descriptor = openDescriptor(pid);
+    if (descriptor < 0) {
+        return pid > 0 && errno != ESRCH;
+    }
+    const bool ended = isReadable(descriptor);
+    ::close(descriptor);
+    return !ended;
+}
+
 std::shared_ptr<Process> Process::open(ProcessId pid, std::function<void()> onExit) {
-    const int descriptor = pid > 0 ? static_cast<int>(syscall(SYS_pidfd_open, pid, 0)) : -1;
+    const int descriptor = openDescriptor(pid);
     if (descriptor < 0) {
         return nullptr;
     }

@@ -16,6 +16,8 @@ public:
     /// Calls `onExit` once, from the event loop, after the process has ended. Null if the process is gone, or
     /// runs as another user.
     [[nodiscard]] static std::shared_ptr<Process> open(ProcessId pid, std::function<void()> onExit);
+    /// False once the process has ended, also while nobody has collected it. Whoever's it is; on any thread.
+    [[nodiscard]] static bool exists(ProcessId pid);
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
     ~Process();

@@ -3,7 +3,6 @@
 #include "Platform/BackgroundQueue.h"
 
 #include <condition_variable>
-#include <memory>
 #include <mutex>
 
 namespace ambrel {
@@ -20,9 +19,17 @@ public:
     void poll(int times, Seconds interval, std::function<bool()> holds, std::function<void(bool)> finished) override;
 
 private:
+    struct Poll {
+        int times = 0;
+        Seconds interval{};
+        std::function<bool()> holds;
+        std::function<void(bool)> finished;
+    };
+
+    void run(const Poll& poll);
+    /// False if the end came first.
     [[nodiscard]] bool sleep(Seconds interval);
-    void run(int times, Seconds interval, const std::function<bool()>& holds,
-             const std::function<void(bool)>& finished);
+    void ended();
 
     std::mutex mutex_;
     std::condition_variable changed_;
