@@ -4,12 +4,15 @@
 #include "Support/TemporaryFolder.h"
 
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
 
 #include <gtest/gtest.h>
 
 namespace ambrel {
 
-/// A session bus of the test's own, which this process takes for its session's.
+/// A session bus of the test's own, which this process takes for its session's. It can start no service but the test's.
 class PrivateBus {
 public:
     PrivateBus() {
@@ -21,10 +24,25 @@ public:
     PrivateBus& operator=(const PrivateBus&) = delete;
     ~PrivateBus() { unsetenv("DBUS_SESSION_BUS_ADDRESS"); }
 
-    TemporaryFolder data; ///< the bus reads services in its dbus-1/services
-    ChildProcess daemon{{"sh", "-c", "exec dbus-daemon --session --nofork --nopidfile --print-address=1 2>/dev/null"},
-                        {{"XDG_DATA_HOME", data.path()}, {"PATH", "/usr/bin:/bin"}}};
+    TemporaryFolder data;
+    std::filesystem::path services = data.path() / "services"; ///< where the bus reads services
+    ChildProcess daemon{{"sh", "-c",
+                         "exec dbus-daemon --config-file=\"$0\" --nofork --nopidfile --print-address=1 2>/dev/null",
+                         configuration()},
+                        {{"PATH", "/usr/bin:/bin"}}};
     std::string address;
+
+private:
+    /// The usual one of a session names the services of the machine.
+    [[nodiscard]] std::string configuration() const {
+        std::filesystem::create_directories(services);
+        const auto file = data.path() / "bus.conf";
+        std::ofstream(file) << "<busconfig><type>session</type><listen>unix:dir=" << data.path().string()
+                            << "</listen><auth>EXTERNAL</auth><servicedir>" << services.string()
+                            << "</servicedir><policy context='default'><allow send_destination='*'/><allow own='*'/>"
+                               "<allow receive_sender='*'/></policy></busconfig>\n";
+        return file;
+    }
 };
 
 } // namespace ambrel

@@ -64,10 +64,8 @@ TEST_F(ProgramPresenceTests, EveryWayToOpenItAgainCounts) {
 }
 
 TEST_F(ProgramPresenceTests, ActivationThatStartedUsIsNoReopening) {
-    const auto services = bus.data.path() / "dbus-1" / "services";
-    std::filesystem::create_directories(services);
     // Stands for our own start: the bus waits until somebody has claimed the name.
-    std::ofstream(services / "app.ambrel.Ambrel.service")
+    std::ofstream(bus.services / "app.ambrel.Ambrel.service")
         << "[D-BUS Service]\nName=app.ambrel.Ambrel\nExec=/bin/sleep 20\n";
     const auto reload = QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
                                                        "org.freedesktop.DBus", "ReloadConfig");
