@@ -35,7 +35,7 @@ class HoldingBack(DesktopTest):
         subject.say("destroy 1")
         ambrel.wait_for(f"{SUBJECT} — AX says 0 but the window server sees 1 window(s); vetoing quit (AX artifact)")
         self.assertTrue(subject.is_running())
-        self.wait_for_decision(ambrel, "skipped(cg-windows-exist)", subject.pid)
+        self.wait_for_decision(ambrel, "skipped(cg-windows-exist)", subject)
         subject.say("destroy 2")
         self.wait_until_quit(ambrel, subject)
 
