@@ -73,7 +73,7 @@ void AsyncBus::call(const Call& call, Handler answer) {
     sd_bus_slot* slot = nullptr;
     if (sd_bus_call_async(bus_.get(), &slot, message, deliver, handler.get(), noTimeout) >= 0) {
         ++unanswered_;
-        handler.release();
+        static_cast<void>(handler.release());
         giveAway(slot);
     }
     sd_bus_message_unref(message);
@@ -84,7 +84,7 @@ void AsyncBus::subscribe(const std::string& rule, Handler handler) {
     auto owned = std::make_unique<Handler>(std::move(handler));
     sd_bus_slot* slot = nullptr;
     if (!isLost_ && sd_bus_add_match_async(bus_.get(), &slot, rule.c_str(), deliver, acceptRefusal, owned.get()) >= 0) {
-        owned.release();
+        static_cast<void>(owned.release());
         giveAway(slot);
     }
     awaitWriting();
@@ -98,6 +98,7 @@ void AsyncBus::settle(std::initializer_list<AsyncBus*> buses, Seconds limit) {
     };
     while (std::erase_if(open, isDone), !open.empty() && !deadline.hasExpired()) {
         std::vector<pollfd> descriptors;
+        descriptors.reserve(open.size());
         for (auto* const bus : open) {
             descriptors.push_back(
                 {sd_bus_get_fd(bus->bus_.get()), static_cast<short>(sd_bus_get_events(bus->bus_.get())), 0});
