@@ -10,15 +10,15 @@ SAMPLE = os.environ.get("AMBREL_SAMPLE", str(PROJECT / "build/release/Tests/Supp
 ENTRY = """[Desktop Entry]
 Type=Application
 Name={name}
-Exec={program}
+Exec={command}
 StartupWMClass={wm_class}
 """
 
 
-def install_entry(name):
+def install_entry(name, command=SAMPLE):
     folder = pathlib.Path(os.environ["XDG_DATA_HOME"]) / "applications"
     folder.mkdir(parents=True, exist_ok=True)
-    (folder / f"{name}.desktop").write_text(ENTRY.format(name=name, program=SAMPLE, wm_class=name.capitalize()))
+    (folder / f"{name}.desktop").write_text(ENTRY.format(name=name, command=command, wm_class=name.capitalize()))
 
 
 class Sample(Program):
