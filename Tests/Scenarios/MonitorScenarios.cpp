@@ -44,6 +44,21 @@ TEST_F(Monitors, NoneForAnApplicationThatIsGoneBeforeItsDelayEnds) {
     EXPECT_THAT(engineLines(), IsEmpty());
 }
 
+TEST_F(Monitors, NoneUnderTheNameOfAnApplicationWhoseProcessIdItGot) {
+    start();
+    setRule("org.example.Kept", false);
+    auto& old = desktop.launch("org.example.A", "A");
+    desktop.advance(0.3);
+    old.crash();
+    auto& kept = desktop.launch("org.example.Kept", "Kept", {.pid = old.processIdentifier()});
+    kept.openWindow();
+    desktop.advance(1);
+    EXPECT_EQ(engine().monitoredCount.get(), 0);
+    kept.closeWindows();
+    desktop.advance(10);
+    EXPECT_THAT(terminated(), IsEmpty());
+}
+
 TEST_F(Monitors, ABurstOfRuleChangesIsReconciledOnceAfterTheLast) {
     auto& app = desktop.launch("org.example.A", "A");
     app.openWindow();

@@ -53,7 +53,9 @@ bool QuitEngine::wantsMonitor(const RunningApplicationRef& app) const {
 }
 
 void QuitEngine::createMonitor(ProcessId pid, const std::string& bundleID) {
-    if (monitors_.contains(pid) || !livingApplication(pid)) {
+    const auto app = livingApplication(pid);
+    // Another application may have got the process id while the monitor was due.
+    if (monitors_.contains(pid) || !app || app->bundleIdentifier() != bundleID) {
         return;
     }
     const auto monitor = AppMonitor::make(platform_, neighbours_.settings, debug_, pid, bundleID);
