@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Core/Signal.h"
 #include "Platform/RunningApplication.h"
 
 #include <vector>
@@ -17,6 +18,11 @@ struct RequestLog {
     std::vector<Request> terminated;
     std::vector<Request> forceTerminated;
     std::vector<Request> hidden;
+
+    // Each request as it is made, before the application has answered it.
+    Signal<const Request&> willTerminate;
+    Signal<const Request&> willForceTerminate;
+    Signal<const Request&> willHide;
 };
 
 } // namespace ambrel::simulated

@@ -11,7 +11,7 @@ bool SimulatedApplication::terminate() {
     if (terminated_ || std::holds_alternative<CannotBeAsked>(terminateAnswer)) {
         return false;
     }
-    workspace_.requests.terminated.push_back({facts_.pid, workspace_.queue().now()});
+    note(workspace_.requests.terminated, workspace_.requests.willTerminate);
     if (!frozen_) {
         std::visit([this](const auto& chosen) { answer(chosen); }, terminateAnswer);
     }
@@ -22,7 +22,7 @@ bool SimulatedApplication::forceTerminate() {
     if (terminated_) {
         return false;
     }
-    workspace_.requests.forceTerminated.push_back({facts_.pid, workspace_.queue().now()});
+    note(workspace_.requests.forceTerminated, workspace_.requests.willForceTerminate);
     workspace_.queue().async([self = shared_from_this()] { self->crash(); });
     return true;
 }
@@ -31,9 +31,15 @@ bool SimulatedApplication::hide() {
     if (terminated_) {
         return false;
     }
-    workspace_.requests.hidden.push_back({facts_.pid, workspace_.queue().now()});
+    note(workspace_.requests.hidden, workspace_.requests.willHide);
     hideItself();
     return true;
+}
+
+void SimulatedApplication::note(std::vector<Request>& requests, const Signal<const Request&>& announcement) {
+    const Request request{facts_.pid, workspace_.queue().now()};
+    requests.push_back(request);
+    announcement.emit(request);
 }
 
 void SimulatedApplication::answer(const Quits& answer) {

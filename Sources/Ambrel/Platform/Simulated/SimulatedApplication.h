@@ -2,6 +2,7 @@
 
 #include "Core/MainQueue.h"
 #include "Platform/Simulated/AccessibilityFaults.h"
+#include "Platform/Simulated/RequestLog.h"
 #include "Platform/Simulated/SimulatedWindow.h"
 #include "Platform/Simulated/TerminateAnswer.h"
 
@@ -85,6 +86,7 @@ private:
     void answer(const Freezes&) { frozen_ = true; }
     void answer(const CannotBeAsked&) {}
 
+    void note(std::vector<Request>& requests, const Signal<const Request&>& announcement);
     void post(std::string notification);
     void setHidden(bool hidden);
     void leaveScreen(bool wasOnScreen);

@@ -1,0 +1,158 @@
+#include "Walk/Day.h"
+
+#include <algorithm>
+
+namespace ambrel::walk {
+
+namespace {
+
+AppRule ruleFor(const std::string& bundleID, const Wish& wish) {
+    AppRule rule(bundleID);
+    rule.quitOnLastWindowClose = wish.quitAfterLastWindow;
+    rule.quitWhenHidden = wish.quitWhenHidden;
+    rule.idleBehavior = wish.whenIdle == Wish::Idle::hide   ? AppRule::IdleBehavior::hide
+                        : wish.whenIdle == Wish::Idle::quit ? AppRule::IdleBehavior::quit
+                                                            : AppRule::IdleBehavior::none;
+    rule.idleThresholdMinutes = wish.idleMinutes;
+    rule.includedInQuitAll = wish.inQuitAll;
+    return rule;
+}
+
+} // namespace
+
+void Day::pauseOrResume() {
+    if (flips(wishes_.paused)) {
+        house_->settings.isPaused.set(wishes_.paused);
+        history_.wishesChanged();
+    }
+}
+
+void Day::changeDelay() {
+    wishes_.delay = oneOf({-1.0, 0.0, 0.5, 0.5, 1.0, 3.0, 10.0});
+    house_->settings.quitDelay.set(wishes_.delay);
+    history_.wishesChanged();
+}
+
+void Day::changeThreshold() {
+    wishes_.quitAtZeroWindows = !wishes_.quitAtZeroWindows;
+    house_->settings.quitOnlyWhenOneWindowLeft.set(wishes_.quitAtZeroWindows);
+    history_.wishesChanged();
+}
+
+void Day::changeRule() {
+    const auto bundleID = aBundleID();
+    const auto rule = house_->rules.explicitRule(bundleID);
+    if (rule && !rule->systemDefault && once(4)) {
+        wishes_.own.erase(bundleID);
+        house_->rules.remove(rule->id);
+    } else {
+        using Idle = Wish::Idle;
+        const Wish wish{.quitAfterLastWindow = !once(5),
+                        .quitWhenHidden = once(3),
+                        .whenIdle = oneOf({Idle::nothing, Idle::nothing, Idle::hide, Idle::quit}),
+                        .idleMinutes = oneOf({-3L, 1L, 5L, 6L, 30L}),
+                        .inQuitAll = !once(4)};
+        wishes_.own[bundleID] = wish;
+        house_->rules.upsert(ruleFor(bundleID, wish));
+    }
+    trail_.back() += ": " + bundleID;
+    history_.wishesChanged();
+}
+
+void Day::changeDefaultRule() {
+    wishes_.others.quitAfterLastWindow = !once(4);
+    wishes_.others.inQuitAll = !once(4);
+    house_->rules.setDefaultRule(ruleFor("", wishes_.others));
+    history_.wishesChanged();
+}
+
+void Day::changeExclusions() {
+    wishes_.excluded.clear();
+    for (long i = upTo(3); i > 0; --i) {
+        wishes_.excluded.insert(aBundleID());
+    }
+    house_->settings.userExcludedBundleIDs.set({wishes_.excluded.begin(), wishes_.excluded.end()});
+    history_.wishesChanged();
+}
+
+void Day::changeGuard() {
+    using Guard = Wishes::Guard;
+    wishes_.guard = oneOf({Guard::none, Guard::none, Guard::none, Guard::whitelist, Guard::shadow});
+    auto& environment = desktop_.environment();
+    environment.unset("AMBREL_SHADOW_MODE");
+    if (wishes_.guard == Guard::shadow) {
+        environment.set("AMBREL_SHADOW_MODE", "");
+    }
+    desktop_.userDefaults().productSuite()->set("devModeForTesting", wishes_.guard == Guard::whitelist);
+    history_.wishesChanged();
+}
+
+void Day::quitAll() {
+    history_.look();
+    statement_.quittingAll = true;
+    house_->quitAll.run(false);
+    statement_.quittingAll = false;
+}
+
+void Day::reopen() {
+    auto& center = desktop_.notificationCenter();
+    if (!center.shown.empty()) {
+        center.respond(center.shown.back(), oneOf<std::string>({"AMBREL_REOPEN", NotificationResponse::defaultAction}));
+    }
+}
+
+void Day::lockOrSleep() {
+    auto& session = desktop_.session();
+    switch (upTo(3)) {
+    case 0:
+        if (flips(locked_)) {
+            session.facts->isScreenLocked = locked_;
+            (locked_ ? session.screenIsLocked : session.screenIsUnlocked).emit();
+        }
+        break;
+    case 1:
+        if (flips(asleep_)) {
+            (asleep_ ? session.screensDidSleep : session.screensDidWake).emit();
+        }
+        break;
+    default:
+        if (flips(away_)) {
+            session.facts->isOnConsole = !away_;
+            (away_ ? session.sessionDidResignActive : session.sessionDidBecomeActive).emit();
+        }
+    }
+}
+
+void Day::sleepAndWake() {
+    desktop_.session().willSleep.emit();
+    history_.shiftWallClock(static_cast<double>(upTo(30000)));
+    desktop_.session().didWake.emit();
+}
+
+void Day::setClock() {
+    history_.shiftWallClock(oneOf({-3600.0, -20.0, -2.0, -1.0, -1.0, 1.0, 1.0, 20.0, 300.0, 3600.0}));
+}
+
+void Day::disturbWindowServer() {
+    auto& server = desktop_.windowServer();
+    server.listUnreadable = once(20);
+    if (!server.residue.empty() && !once(3)) {
+        server.residue.clear();
+    } else if (const auto* const app = anApp()) {
+        server.leaveResidue(app->processIdentifier());
+    }
+}
+
+void Day::loseTrust() {
+    if (flips(untrusted_)) {
+        desktop_.accessibility().setTrusted(!untrusted_);
+    }
+}
+
+void Day::restartAmbrel() {
+    history_.look();
+    endAmbrel();
+    startAmbrel();
+}
+
+} // namespace ambrel::walk

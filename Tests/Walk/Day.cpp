@@ -1,0 +1,174 @@
+#include "Walk/Day.h"
+
+#include <array>
+#include <numeric>
+
+#include <fmt/format.h>
+
+namespace ambrel::walk {
+
+namespace {
+constexpr std::size_t trailLength = 400;
+constexpr const char* logFile = "decisions.log";
+} // namespace
+
+/// Takes Ambrel's lines down between the steps, and counts those that say why something was held back.
+class Day::Trail final : public LogSink {
+public:
+    Trail(std::deque<std::string>& lines, std::map<std::string, long>& reasons) : lines_(lines), reasons_(reasons) {
+        install(this);
+    }
+    Trail(const Trail&) = delete;
+    Trail& operator=(const Trail&) = delete;
+    ~Trail() override { install(nullptr); }
+
+    void write(std::string_view category, LogLevel, std::string_view message) override {
+        lines_.push_back(fmt::format("        {}: {}", category, message));
+        if (category == "engine") {
+            count(message);
+        }
+    }
+    [[nodiscard]] bool wants(LogLevel level) const override { return level != LogLevel::debug; }
+
+private:
+    void count(std::string_view message) {
+        static constexpr std::array reasons{
+            "paused; skipping quit",   "is hidden — windows",    "is hidden — skipping",   "minimized within 2s grace",
+            "never saw above",         "AX read failed at fire", "window reopened",        "cg-veto persisted",
+            "no longer hidden",        "launch artifact",        "window count not trust", "cancelled pending quit",
+            "paused; cancelled all",   "recreating all",         "recreating monitor",     "giving up on monitor",
+            "AX says 0 but the window"};
+        for (const auto* reason : reasons) {
+            if (message.find(reason) != std::string_view::npos) {
+                ++reasons_[reason];
+            }
+        }
+    }
+
+    std::deque<std::string>& lines_;
+    std::map<std::string, long>& reasons_;
+};
+
+Day::Day(std::uint64_t number, Figures& figures)
+    : random_(number), calm_(once(2)), figures_(figures), sink_(std::make_unique<Trail>(trail_, figures.reasons)) {
+    for (const char* locked : {"com.apple.finder", "app.ambrel.Ambrel"}) {
+        wishes_.own[locked] = {.quitAfterLastWindow = false, .inQuitAll = false};
+    }
+    desktop_.environment().set("AMBREL_TERMLOG", home_.path() / logFile);
+    startAmbrel();
+}
+
+Day::~Day() = default;
+
+void Day::end() {
+    endAmbrel();
+    figures_.due += statement_.due;
+}
+
+void Day::startAmbrel() {
+    std::filesystem::remove(home_.path() / logFile);
+    tail_.emplace(home_.path() / logFile);
+    house_ = std::make_unique<EngineHouse>(desktop_);
+    statement_.ambrelStarted(&*tail_, [this] { house_->audit.drain(); });
+    house_->engine.start();
+    history_.ambrelStarted();
+    history_.look();
+}
+
+void Day::endAmbrel() {
+    statement_.finish();
+    for (const auto& [kind, count] : tail_->counts) {
+        figures_.decisions[kind] += count;
+    }
+    house_.reset();
+    desktop_.userDefaults().endRun();
+}
+
+void Day::walk(long steps) {
+    for (long taken = 0; taken < steps && broken().empty(); ++taken) {
+        step();
+        ++figures_.steps;
+        while (trail_.size() > trailLength) {
+            trail_.pop_front();
+        }
+    }
+}
+
+struct Day::Verb {
+    long weight;
+    const char* name;
+    void (Day::*act)();
+};
+
+void Day::choose() {
+    const std::array verbs{
+        Verb{60, "launch", &Day::launch},
+        Verb{150, "open a window", &Day::openWindow},
+        Verb{20, "open a dialog", &Day::openDialog},
+        Verb{130, "close a window", &Day::closeWindow},
+        Verb{50, "close all windows", &Day::closeAllWindows},
+        Verb{60, "move a window", &Day::moveWindow},
+        Verb{30, "hide or show", &Day::hideOrShow},
+        Verb{60, "use an application", &Day::useApp},
+        Verb{20, "end an application", &Day::endApp},
+        Verb{calm_ ? 0 : 10, "break or mend accessibility", &Day::breakAccessibility},
+        Verb{calm_ ? 3 : 16, "pause or resume", &Day::pauseOrResume},
+        Verb{6, "change the delay", &Day::changeDelay},
+        Verb{3, "change the threshold", &Day::changeThreshold},
+        Verb{calm_ ? 10 : 20, "change a rule", &Day::changeRule},
+        Verb{2, "change the default rule", &Day::changeDefaultRule},
+        Verb{8, "change the exclusions", &Day::changeExclusions},
+        Verb{calm_ ? 0 : 8, "change the guard", &Day::changeGuard},
+        Verb{2, "Quit All", &Day::quitAll},
+        Verb{4, "reopen", &Day::reopen},
+        Verb{calm_ ? 6 : 24, "lock, darken or switch", &Day::lockOrSleep},
+        Verb{3, "sleep and wake", &Day::sleepAndWake},
+        Verb{calm_ ? 1 : 3, "set the clock", &Day::setClock},
+        Verb{calm_ ? 5 : 20, "disturb the window server", &Day::disturbWindowServer},
+        Verb{calm_ ? 0 : 3, "lose or regain trust", &Day::loseTrust},
+        Verb{2, "restart Ambrel", &Day::restartAmbrel},
+    };
+    const long total =
+        std::accumulate(verbs.begin(), verbs.end(), 0L, [](long sum, const Verb& verb) { return sum + verb.weight; });
+    long chosen = upTo(total);
+    for (const auto& verb : verbs) {
+        chosen -= verb.weight;
+        if (chosen < 0) {
+            trail_.push_back(fmt::format("{:.3f} {}", history_.now() - dawn_, verb.name));
+            (this->*verb.act)();
+            return;
+        }
+    }
+}
+
+void Day::step() {
+    choose();
+    // Some verbs follow each other within one turn of the queue.
+    if (!once(4)) {
+        letTimePass();
+    }
+}
+
+void Day::letTimePass() {
+    const double span = oneOf({0.0, 0.0, 0.0, 0.05, 0.1, 0.2, 0.25, 0.3, 0.5, 0.5, 0.6, 1.0, 2.0, 2.5, 4.0, 12.0});
+    const double seconds = once(60) ? 400 : span;
+    trail_.push_back(fmt::format("    {} seconds pass", seconds));
+    history_.look();
+    desktop_.advance(seconds);
+    history_.look();
+    statement_.look();
+}
+
+bool Day::flips(bool& flag) {
+    if (!flag && !once(6)) {
+        return false;
+    }
+    flag = !flag;
+    return true;
+}
+
+long Day::upTo(long limit) {
+    return static_cast<long>(random_() % static_cast<std::uint64_t>(limit));
+}
+
+} // namespace ambrel::walk

@@ -1,0 +1,143 @@
+#include "Walk/DesktopHistory.h"
+
+#include <algorithm>
+
+namespace ambrel::walk {
+
+DesktopHistory::DesktopHistory(simulated::SimulatedPlatform& desktop, const Wishes& wishes)
+    : desktop_(desktop), wishes_(wishes) {
+    const auto on = [this](auto& signal, auto observer) {
+        notes_.push_back(signal.subscribe(std::move(observer)));
+    };
+    auto& session = desktop.session();
+    on(session.screenIsLocked, [this] { setDistrust(locked_, true); });
+    on(session.screenIsUnlocked, [this] { setDistrust(locked_, false); });
+    on(session.screensDidSleep, [this] { setDistrust(asleep_, true); });
+    on(session.screensDidWake, [this] { setDistrust(asleep_, false); });
+    on(session.sessionDidResignActive, [this] { setDistrust(away_, true); });
+    on(session.sessionDidBecomeActive, [this] { setDistrust(away_, false); });
+    on(session.didWake, [this] { beginAnew(); });
+    auto& workspace = desktop.workspace();
+    on(workspace.didActivate, [this](const auto& app) { of(*app).touched = wall(); });
+    on(workspace.didDeactivate, [this](const auto& app) { of(*app).touched = wall(); });
+    on(workspace.didHide, [this](const auto& app) { didHide(*app); });
+}
+
+AppHistory& DesktopHistory::of(const RunningApplication& app) {
+    const auto [place, isNew] = histories_.try_emplace(&app);
+    auto& history = place->second;
+    if (isNew) {
+        history.known = history.upset = now();
+        history.blind = !desktop_.accessibility().isProcessTrusted();
+        if (const auto running = desktop_.workspace().find(app.processIdentifier()); running.get() == &app) {
+            history.notes =
+                running->notifications.subscribe([this, &history](const std::string& name) { note(history, name); });
+        }
+    }
+    return history;
+}
+
+void DesktopHistory::note(AppHistory& history, const std::string& name) {
+    if (name == "AXWindowMiniaturized" || name == "AXApplicationHidden") {
+        history.minimised = now();
+        history.minimisedWall = wall();
+        history.upset = now() + minimiseGrace;
+    }
+}
+
+void DesktopHistory::didHide(const RunningApplication& app) {
+    auto& history = of(app);
+    history.hidden = now();
+    history.hideDelay = std::max(wishes_.delay, 0.0);
+    history.hidWillingly = wishes_.of(app.bundleIdentifier().value_or("")).quitWhenHidden && !wishes_.paused &&
+                           !distrusted() && wall() - *app.launchDate() > Seconds(3 - 1e-4);
+}
+
+void DesktopHistory::setDistrust(bool& flag, bool value) {
+    const bool before = distrusted();
+    untrusted = before || value ? now() : untrusted;
+    flag = value;
+    if (before && !distrusted()) {
+        beginAnew();
+    }
+}
+
+/// What was seen before counts for nothing, and nobody has been idle.
+void DesktopHistory::beginAnew() {
+    begun = now();
+    calm = std::max(calm, begun);
+    for (const auto& app : desktop_.workspace().applications()) {
+        if (app->activationPolicy() == ActivationPolicy::regular) {
+            of(*app).touched = wall();
+        }
+    }
+}
+
+void DesktopHistory::ambrelStarted() {
+    asleep_ = false; // Nobody can ask the displays.
+    histories_.clear();
+    beginAnew();
+}
+
+void DesktopHistory::wishesChanged() {
+    calm = std::max(calm, now());
+    turned = threshold_ != wishes_.threshold() ? now() : turned;
+    paused = wishes_.paused ? now() : paused;
+}
+
+void DesktopHistory::shiftWallClock(double span) {
+    desktop_.mainQueue().shiftWallClock(Seconds(span));
+    shift_ += span;
+    // A minimise that now lies in the future holds back until the clock has caught up.
+    calm = std::max(calm, now()) + std::max(-span, 0.0) + minimiseGrace;
+}
+
+void DesktopHistory::look() {
+    for (const auto& app : desktop_.workspace().applications()) {
+        look(*app, of(*app));
+    }
+    threshold_ = wishes_.threshold();
+    paused = wishes_.paused ? now() : paused;
+    untrusted = distrusted() ? now() : untrusted;
+}
+
+void DesktopHistory::look(const App& app, AppHistory& history) {
+    const auto windows = count(app);
+    if (history.count > threshold_ || windows > wishes_.threshold()) {
+        history.above = now();
+    }
+    if (windows != history.count) {
+        history.count = windows;
+        history.counted = now();
+        history.delay = std::max(wishes_.delay, 0.0);
+        history.raised = windows > wishes_.threshold() ? now() : history.raised;
+    }
+    const auto& faults = app.accessibility;
+    history.blind = history.blind || faults.failingReads > 0 || faults.observerCreation != AXError::success ||
+                    !faults.addNotification.empty() || !desktop_.accessibility().isProcessTrusted();
+    const bool vetoed = windows == 0 && shows(app);
+    if (app.isHidden() || history.blind || vetoed || distrusted() || wishes_.paused) {
+        history.upset = std::max(history.upset, now());
+    }
+}
+
+long DesktopHistory::count(const App& app) {
+    return std::count_if(app.windows().begin(), app.windows().end(), [](const auto& window) {
+        const bool minimised = window.minimised && !window.unreadable.minimised;
+        const bool standard = window.subrole == "AXStandardWindow" && !window.unreadable.subrole;
+        return window.role == "AXWindow" && !window.unreadable.role && (minimised || standard);
+    });
+}
+
+bool DesktopHistory::shows(const App& app) const {
+    const auto& server = desktop_.windowServer();
+    const bool left = std::any_of(server.residue.begin(), server.residue.end(),
+                                  [&](const auto& each) { return each.ownerPID == app.processIdentifier(); });
+    const auto& windows = app.windows();
+    return !server.listUnreadable && (left || std::any_of(windows.begin(), windows.end(), [&](const auto& window) {
+                                          return app.isOnScreen(window) && window.layer == 0 && window.alpha > 0.05 &&
+                                                 window.frame.width >= 64 && window.frame.height >= 64;
+                                      }));
+}
+
+} // namespace ambrel::walk
