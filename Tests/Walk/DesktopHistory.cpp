@@ -47,10 +47,15 @@ void DesktopHistory::note(AppHistory& history, const std::string& name) {
 
 void DesktopHistory::didHide(const RunningApplication& app) {
     auto& history = of(app);
+    const bool willingly = wishes_.of(app.bundleIdentifier().value_or("")).quitWhenHidden && !wishes_.paused &&
+                           !distrusted() && wall() - *app.launchDate() > Seconds(3 - 1e-4);
+    // Being shown in between takes an earlier hide back only if it is still shown when that one's delay ends.
+    if (!willingly && history.hidWillingly && now() < history.hidden + history.hideDelay) {
+        return;
+    }
     history.hidden = now();
     history.hideDelay = std::max(wishes_.delay, 0.0);
-    history.hidWillingly = wishes_.of(app.bundleIdentifier().value_or("")).quitWhenHidden && !wishes_.paused &&
-                           !distrusted() && wall() - *app.launchDate() > Seconds(3 - 1e-4);
+    history.hidWillingly = willingly;
 }
 
 void DesktopHistory::setDistrust(bool& flag, bool value) {
