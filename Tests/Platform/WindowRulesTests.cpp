@@ -142,34 +142,62 @@ protected:
 };
 
 TEST_F(ApplicationVisibilityTest, HidesOnlyWhenWithdrawnWindowsStayAlive) {
-    EXPECT_EQ(visibility.windowsChanged(withdrawn), none) << "they may be on their way to being closed";
-    EXPECT_EQ(visibility.windowsSettled({}), none) << "and so they were";
-    EXPECT_EQ(visibility.windowsSettled(open), none);
-    EXPECT_EQ(visibility.windowsSettled(withdrawn), hidden);
-    EXPECT_EQ(visibility.windowsSettled(withdrawn), none) << "told once";
+    EXPECT_EQ(visibility.changed(withdrawn, false), none) << "they may be on their way to being closed";
+    EXPECT_FALSE(visibility.isHidden());
+    EXPECT_EQ(visibility.settled({}, false), none) << "and so they were";
+    EXPECT_EQ(visibility.settled(open, false), none);
+    EXPECT_EQ(visibility.settled(withdrawn, false), hidden);
+    EXPECT_EQ(visibility.settled(withdrawn, false), none) << "told once";
     EXPECT_TRUE(visibility.isHidden());
-    EXPECT_EQ(visibility.windowsChanged(iconified), shown) << "back in the task bar";
+    EXPECT_EQ(visibility.changed(iconified, false), shown) << "back in the task bar";
     EXPECT_FALSE(visibility.isHidden());
 }
 
 TEST_F(ApplicationVisibilityTest, AnApplicationWithoutAnyWindowIsNotHidden) {
-    EXPECT_EQ(visibility.windowsSettled(withdrawn), hidden);
-    EXPECT_EQ(visibility.windowsChanged({}), none);
+    EXPECT_EQ(visibility.settled(withdrawn, false), hidden);
+    EXPECT_EQ(visibility.changed({}, false), none);
     EXPECT_FALSE(visibility.isHidden());
 }
 
+TEST_F(ApplicationVisibilityTest, InTheTrayItIsHiddenAtOnceAndToldOfLater) {
+    EXPECT_EQ(visibility.changed(open, true), none);
+    EXPECT_FALSE(visibility.isHidden()) << "an icon beside a window";
+    EXPECT_EQ(visibility.changed({}, true), none);
+    EXPECT_TRUE(visibility.isHidden()) << "a quit may be due at this very moment";
+    EXPECT_EQ(visibility.settled({}, true), hidden);
+    EXPECT_EQ(visibility.settled({}, true), none);
+    EXPECT_EQ(visibility.changed(open, true), shown);
+
+    EXPECT_EQ(visibility.changed({}, true), none);
+    EXPECT_EQ(visibility.changed(open, true), none) << "nobody has heard that it was hidden";
+    EXPECT_FALSE(visibility.isHidden());
+}
+
+TEST_F(ApplicationVisibilityTest, WithItsIconGoneItIsHiddenOnlyByWindowsThatAreAlive) {
+    EXPECT_EQ(visibility.changed({}, true), none);
+    EXPECT_EQ(visibility.settled({}, true), hidden);
+    EXPECT_EQ(visibility.changed({}, false), none);
+    EXPECT_FALSE(visibility.isHidden());
+    EXPECT_EQ(visibility.settled({}, false), none);
+
+    EXPECT_EQ(visibility.changed(withdrawn, true), none);
+    EXPECT_EQ(visibility.settled(withdrawn, true), hidden);
+    EXPECT_EQ(visibility.changed(withdrawn, false), none);
+    EXPECT_TRUE(visibility.isHidden());
+}
+
 TEST_F(ApplicationVisibilityTest, IconifyingIsHidingOnlyAtOurRequest) {
-    EXPECT_EQ(visibility.windowsChanged(iconified), none);
+    EXPECT_EQ(visibility.changed(iconified, false), none);
     visibility.beginHiding();
-    EXPECT_EQ(visibility.windowsChanged(open), none) << "the window manager has yet to act";
-    EXPECT_EQ(visibility.windowsChanged(iconified), hidden);
+    EXPECT_EQ(visibility.changed(open, false), none) << "the window manager has yet to act";
+    EXPECT_EQ(visibility.changed(iconified, true), hidden);
     visibility.endHiding();
     EXPECT_TRUE(visibility.isHidden());
-    EXPECT_EQ(visibility.windowsChanged(open), shown);
+    EXPECT_EQ(visibility.changed(open, true), shown);
 
     visibility.beginHiding();
     visibility.endHiding();
-    EXPECT_EQ(visibility.windowsChanged(iconified), none) << "the user, long after";
+    EXPECT_EQ(visibility.changed(iconified, false), none) << "the user, long after";
 }
 
 } // namespace

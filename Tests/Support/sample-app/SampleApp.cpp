@@ -94,6 +94,11 @@ void SampleApp::handle(const xcb_generic_event_t& event) {
         }
         break;
     }
+    case XCB_REPARENT_NOTIFY:
+        if (icons_.isIcon(reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window)) {
+            output_.say("docked");
+        }
+        break;
     default:
         break;
     }

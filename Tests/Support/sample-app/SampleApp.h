@@ -2,6 +2,7 @@
 
 #include "Options.h"
 #include "Output.h"
+#include "TrayIcons.h"
 #include "XDisplay.h"
 
 #include <map>
@@ -33,6 +34,7 @@ private:
     void executeOnWindow(std::string_view verb, Window& window, std::string_view rest);
     void open(std::string_view verb, std::string_view arguments);
     void storm(int count);
+    bool executeOnTray(std::string_view verb);
     void forkChild();
 
     void readInput();
@@ -47,6 +49,7 @@ private:
     Options options_;
     Output output_;
     XDisplay display_;
+    TrayIcons icons_{display_};
     std::map<int, Window> windows_;
     int opened_ = 0;
     std::string input_;

@@ -79,7 +79,7 @@ void SampleApp::execute(std::string_view line) {
         raise(SIGSTOP);
     } else if (verb == "exit") {
         finished_ = true;
-    } else {
+    } else if (!executeOnTray(verb)) {
         const auto [which, argument] = splitWord(rest);
         const auto window = windows_.find(number(which));
         if (window == windows_.end()) {
@@ -88,6 +88,21 @@ void SampleApp::execute(std::string_view line) {
         }
         executeOnWindow(verb, window->second, argument);
     }
+}
+
+bool SampleApp::executeOnTray(std::string_view verb) {
+    if (verb == "dock-icon") {
+        output_.say(icons_.dock() ? "asked to be docked" : "no tray");
+    } else if (verb == "undock-icon") {
+        icons_.undock();
+    } else if (verb == "register-item") {
+        output_.say(icons_.registerItem() ? "item registered" : "no watcher");
+    } else if (verb == "unregister-item") {
+        icons_.unregisterItem();
+    } else {
+        return false;
+    }
+    return true;
 }
 
 void SampleApp::executeOnWindow(std::string_view verb, Window& window, std::string_view rest) {

@@ -1,5 +1,7 @@
 #include "XDisplay.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 
 namespace ambrel::sample {
@@ -85,6 +87,34 @@ void XDisplay::requestClose(xcb_window_t window) {
 void XDisplay::setTitle(xcb_window_t window, std::string_view title) {
     setText(window, "WM_NAME", XCB_ATOM_STRING, title);
     setText(window, "_NET_WM_NAME", atom("UTF8_STRING"), title);
+    xcb_flush(connection());
+}
+
+xcb_window_t XDisplay::selectionOwner(const std::string& selection) {
+    const auto cookie = xcb_get_selection_owner(connection(), atom(selection));
+    const auto reply = owned(xcb_get_selection_owner_reply(connection(), cookie, nullptr));
+    return reply ? reply->owner : static_cast<xcb_window_t>(XCB_NONE);
+}
+
+xcb_window_t XDisplay::createIcon() {
+    const xcb_window_t icon = xcb_generate_id(connection());
+    const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_create_window(connection(), XCB_COPY_FROM_PARENT, icon, root_, 0, 0, 16, 16, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                      XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);
+    const std::array<std::uint32_t, 2> versionAndMapped{0, 1};
+    xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, icon, atom("_XEMBED_INFO"), atom("_XEMBED_INFO"), 32,
+                        versionAndMapped.size(), versionAndMapped.data());
+    return icon;
+}
+
+void XDisplay::sendMessage(xcb_window_t window, const std::string& type, const std::vector<std::uint32_t>& data) {
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = atom(type);
+    std::copy_n(data.begin(), std::min<std::size_t>(data.size(), 5), event.data.data32);
+    xcb_send_event(connection(), 0, window, XCB_EVENT_MASK_NO_EVENT, reinterpret_cast<const char*>(&event));
     xcb_flush(connection());
 }
 

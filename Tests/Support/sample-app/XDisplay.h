@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <xcb/xcb.h>
 
@@ -39,6 +40,11 @@ public:
     void minimise(xcb_window_t window);
     /// Asks the window manager to close the window, as a pager would.
     void requestClose(xcb_window_t window);
+    /// XCB_NONE if the selection has no owner.
+    [[nodiscard]] xcb_window_t selectionOwner(const std::string& selection);
+    /// A small window for a tray to take.
+    [[nodiscard]] xcb_window_t createIcon();
+    void sendMessage(xcb_window_t window, const std::string& type, const std::vector<std::uint32_t>& data);
     void setTitle(xcb_window_t window, std::string_view title);
     /// DestroyNotify of another client's window will be reported here.
     void watch(xcb_window_t window);

@@ -10,7 +10,8 @@ int main(int argc, char** argv) {
                    "Commands, as arguments and then as lines on standard input (N counts windows from 1):\n"
                    "  open|dialog|utility|dock|transient [WIDTHxHEIGHT] [TITLE]   storm COUNT\n"
                    "  close|destroy|withdraw|map|minimise N   title N TEXT   watch WINDOW   roundtrip\n"
-                   "  ignore-term   ignore-delete   confirm-on-delete   fork   freeze   exit\n",
+                   "  ignore-term   ignore-delete   confirm-on-delete   fork   freeze   exit\n"
+                   "  dock-icon   undock-icon   register-item   unregister-item\n",
                    stderr);
         return 64;
     }

@@ -16,8 +16,8 @@ bool isOpen(const DesktopWindow& window) {
 
 } // namespace
 
-bool areAllWithdrawn(ApplicationVisibility::Windows windows) {
-    return !windows.empty() && std::none_of(windows.begin(), windows.end(), isManaged);
+bool isAway(ApplicationVisibility::Windows windows, bool ownsTrayItem) {
+    return (ownsTrayItem || !windows.empty()) && std::none_of(windows.begin(), windows.end(), isManaged);
 }
 
 void ApplicationVisibility::beginHiding() {
@@ -32,13 +32,14 @@ void ApplicationVisibility::endHiding() {
     }
 }
 
-ApplicationVisibility::Transition ApplicationVisibility::windowsChanged(Windows windows) {
-    if (windows.empty()) {
+ApplicationVisibility::Transition ApplicationVisibility::changed(Windows windows, bool ownsTrayItem) {
+    const bool open = std::any_of(windows.begin(), windows.end(), isOpen);
+    const bool managed = std::any_of(windows.begin(), windows.end(), isManaged);
+    inTray_ = ownsTrayItem && !managed;
+    if (windows.empty() && !ownsTrayItem) {
         state_ = State::shown;
         return Transition::none;
     }
-    const bool open = std::any_of(windows.begin(), windows.end(), isOpen);
-    const bool managed = std::any_of(windows.begin(), windows.end(), isManaged);
     if (state_ == State::hiding && managed && !open) {
         state_ = State::requested;
         return Transition::hidden;
@@ -50,8 +51,8 @@ ApplicationVisibility::Transition ApplicationVisibility::windowsChanged(Windows 
     return Transition::none;
 }
 
-ApplicationVisibility::Transition ApplicationVisibility::windowsSettled(Windows windows) {
-    if (isHidden() || !areAllWithdrawn(windows)) {
+ApplicationVisibility::Transition ApplicationVisibility::settled(Windows windows, bool ownsTrayItem) {
+    if (state_ == State::requested || state_ == State::withdrawn || !isAway(windows, ownsTrayItem)) {
         return Transition::none;
     }
     state_ = State::withdrawn;

@@ -6,37 +6,39 @@
 
 namespace ambrel {
 
-/// Whether an application is hidden, judged from its windows: all of them iconified at our own request, or all
-/// of them off the desktop and alive.
+/// Whether an application is hidden: all of its windows are iconified at our own request, or none is on the desktop
+/// and its user can bring it back, be it by a window that is alive or by an icon in the tray.
 class ApplicationVisibility {
 public:
     enum class Transition { none, hidden, shown };
     using Windows = std::span<const DesktopWindow>;
 
-    [[nodiscard]] bool isHidden() const { return state_ == State::requested || state_ == State::withdrawn; }
+    [[nodiscard]] bool isHidden() const { return inTray_ || state_ == State::requested || state_ == State::withdrawn; }
 
     /// Its windows are being iconified at our request.
     void beginHiding();
     /// The window manager has had its time to do so.
     void endHiding();
 
-    /// To be called after each change.
-    [[nodiscard]] Transition windowsChanged(Windows windows);
-    /// To be called when the windows have been as they are for a while: a window that is on its way to being
-    /// closed is withdrawn, too, but not for long.
-    [[nodiscard]] Transition windowsSettled(Windows windows);
+    /// To be called after each change. One that is in the tray is hidden at once, since its windows may be closed
+    /// rather than withdrawn, and nothing else would tell the two apart.
+    [[nodiscard]] Transition changed(Windows windows, bool ownsTrayItem);
+    /// To be called when all has been as it is for a while: a window that is on its way to being closed is
+    /// withdrawn, too, but not for long.
+    [[nodiscard]] Transition settled(Windows windows, bool ownsTrayItem);
 
 private:
     enum class State {
         shown,
         hiding,    ///< iconifying at our request
         requested, ///< hidden at our request
-        withdrawn, ///< hidden by itself
+        withdrawn, ///< hidden by itself, for a while now
     };
     State state_ = State::shown;
+    bool inTray_ = false;
 };
 
-/// No window is on the desktop, and at least one is alive.
-[[nodiscard]] bool areAllWithdrawn(ApplicationVisibility::Windows windows);
+/// No window is on the desktop, and one could be again.
+[[nodiscard]] bool isAway(ApplicationVisibility::Windows windows, bool ownsTrayItem);
 
 } // namespace ambrel

@@ -1,6 +1,7 @@
 #include "Platform/Linux/LinuxApplication.h"
 
 #include "Platform/Linux/Process.h"
+#include "Platform/Linux/TrayItems.h"
 
 #include <algorithm>
 #include <utility>
@@ -124,18 +125,25 @@ void LinuxApplication::windowChanged(WindowEvent event) {
     judgeVisibility();
 }
 
-void LinuxApplication::judgeVisibility() {
-    const auto now = windows();
-    cancel(settling_);
-    if (areAllWithdrawn(now)) {
-        settling_ = services_.queue.asyncAfter(withdrawalTime, lifetime_.guard([this] { windowsSettled(); }));
+void LinuxApplication::trayChanged() {
+    if (services_.tray.owns(process_->pid()) != ownsTrayItem_) {
+        judgeVisibility();
     }
-    announce(visibility_.windowsChanged(now));
 }
 
-void LinuxApplication::windowsSettled() {
+void LinuxApplication::judgeVisibility() {
+    const auto now = windows();
+    ownsTrayItem_ = services_.tray.owns(process_->pid());
+    cancel(settling_);
+    if (isAway(now, ownsTrayItem_)) {
+        settling_ = services_.queue.asyncAfter(withdrawalTime, lifetime_.guard([this] { settled(); }));
+    }
+    announce(visibility_.changed(now, ownsTrayItem_));
+}
+
+void LinuxApplication::settled() {
     if (services_.windows.isReadable()) {
-        announce(visibility_.windowsSettled(windows()));
+        announce(visibility_.settled(windows(), ownsTrayItem_));
     }
 }
 

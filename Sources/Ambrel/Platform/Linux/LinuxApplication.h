@@ -15,10 +15,12 @@
 namespace ambrel {
 
 class Process;
+class TrayItems;
 
 /// What every application works with; outlives them all.
 struct ApplicationServices {
     WindowSource& windows;
+    TrayItems& tray;
     QuitRequest& quitRequest;
     MainQueue& queue;
 };
@@ -53,6 +55,8 @@ public:
 
     /// Takes in a change of its windows.
     void windowChanged(WindowEvent event);
+    /// Takes in a change of the tray, its own or another's.
+    void trayChanged();
     /// Judges anew whether it is hidden.
     void judgeVisibility();
 
@@ -62,7 +66,7 @@ public:
 private:
     [[nodiscard]] std::vector<DesktopWindow> windows() const;
     [[nodiscard]] std::vector<DesktopWindow> managedWindows() const;
-    void windowsSettled();
+    void settled();
     void announce(Transition transition);
     void askProcess();
     void followUp();
@@ -74,6 +78,7 @@ private:
     std::optional<QuitActionAddress> quitAction_;
     ApplicationVisibility visibility_;
     bool launched_ = false;
+    bool ownsTrayItem_ = false;
     WorkItemRef terminationLapse_; ///< set while a request to quit waits for the windows to go
     WorkItemRef followUp_;
     WorkItemRef hidingLapse_;

@@ -2,6 +2,7 @@
 
 #include "Core/Clock.h"
 #include "Core/Logger.h"
+#include "Platform/Linux/AllTrayItems.h"
 #include "Platform/Linux/ApplicationIdentifier.h"
 #include "Platform/Linux/Defaults/JsonUserDefaults.h"
 #include "Platform/Linux/LinuxAccessibility.h"
@@ -15,9 +16,11 @@
 #include "Platform/Linux/ProgramPresence.h"
 #include "Platform/Linux/QuitRequest.h"
 #include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/SniTrayItems.h"
 #include "Platform/Linux/ThreadBackgroundQueue.h"
 #include "Platform/Linux/X11Connection.h"
 #include "Platform/Linux/X11HotKeyCenter.h"
+#include "Platform/Linux/X11TrayItems.h"
 #include "Platform/Linux/X11WindowServer.h"
 #include "Platform/Linux/X11WindowSource.h"
 #include "Platform/Linux/XdgFileLocations.h"
@@ -43,6 +46,8 @@ void endWithoutServer() {
 struct LinuxPlatform::Parts {
     explicit Parts(std::unique_ptr<X11Connection> opened) : connection(std::move(opened)) {
         lost = connection->lost.subscribe(endWithoutServer);
+        // A tray may embed icons out of our sight and offer them on the bus.
+        offered = sniTray.didChange.subscribe([this] { x11Tray.refresh(); });
         connection->start();
     }
 
@@ -55,18 +60,22 @@ struct LinuxPlatform::Parts {
     std::unique_ptr<X11Connection> connection;
     X11WindowSource windows{*connection, queue};
     X11WindowServer windowServer{*connection, windows.mirror()};
+    X11TrayItems x11Tray{*connection, windows.mirror()};
+    SniTrayItems sniTray;
+    AllTrayItems tray{{&x11Tray, &sniTray}};
     SessionBus bus;
     ProgramPresence presence{bus};
     LinuxApplicationHost host{presence};
     QuitRequest quitRequest{bus};
     ApplicationIdentifier identifier;
-    LinuxWorkspace workspace{{windows, quitRequest, queue}, identifier, presence, bundle.bundleIdentifier()};
+    LinuxWorkspace workspace{{windows, tray, quitRequest, queue}, identifier, presence, bundle.bundleIdentifier()};
     LinuxAccessibility accessibility{windows, workspace};
     LinuxSession session{*connection};
     X11HotKeyCenter hotKeys{*connection};
     LinuxNotificationCenter notifications{bus, queue};
     ThreadBackgroundQueue background;
     Subscription lost;
+    Subscription offered;
 };
 
 LinuxPlatform::Creation LinuxPlatform::create() {

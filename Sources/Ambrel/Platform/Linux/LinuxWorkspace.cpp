@@ -3,6 +3,7 @@
 #include "Platform/Linux/ApplicationIdentifier.h"
 #include "Platform/Linux/Process.h"
 #include "Platform/Linux/ProgramPresence.h"
+#include "Platform/Linux/TrayItems.h"
 
 #include <algorithm>
 #include <utility>
@@ -19,6 +20,7 @@ LinuxWorkspace::LinuxWorkspace(ApplicationServices services, ApplicationIdentifi
         windows.didChange.subscribe([this](const WindowChange& change) { windowChanged(change); }));
     subscriptions_.push_back(windows.activeDidChange.subscribe([this] { activeChanged(); }));
     subscriptions_.push_back(windows.readableDidChange.subscribe([this](bool readable) { readableChanged(readable); }));
+    subscriptions_.push_back(services_.tray.didChange.subscribe([this] { trayChanged(); }));
     for (const auto pid : windows.processes()) {
         for (const auto& window : windows.windows(pid)) {
             windowChanged({WindowEvent::appeared, pid, window});
@@ -184,6 +186,14 @@ void LinuxWorkspace::readableChanged(bool readable) {
     for (const auto pid : std::vector(order_)) {
         if (const auto application = find(pid)) {
             application->judgeVisibility();
+        }
+    }
+}
+
+void LinuxWorkspace::trayChanged() {
+    for (const auto pid : std::vector(order_)) {
+        if (const auto application = find(pid)) {
+            application->trayChanged();
         }
     }
 }

@@ -50,6 +50,7 @@ private:
     void visibilityChanged(const ApplicationRef& application, LinuxApplication::Transition transition);
     void activeChanged();
     void readableChanged(bool readable);
+    void trayChanged();
 
     ApplicationServices services_;
     ApplicationIdentifier& identifier_;

@@ -69,7 +69,7 @@ X11Connection::Creation X11Connection::open(const std::string& display, Seconds 
 }
 
 X11Connection::X11Connection(xcb_connection_t* connection, int screen)
-    : connection_(connection), screen_(findScreen(connection, screen)) {
+    : connection_(connection), screen_(findScreen(connection, screen)), screenNumber_(screen) {
     internAtoms();
     findExtensions();
 }
@@ -118,8 +118,14 @@ std::vector<X11Atom> X11Connection::names(std::span<const xcb_atom_t> atoms) con
     return known;
 }
 
-void X11Connection::selectEvents(xcb_window_t window, std::uint32_t mask) {
-    xcb_change_window_attributes(connection_, window, XCB_CW_EVENT_MASK, &mask);
+void X11Connection::selectEvents(xcb_window_t window, std::uint32_t mask, X11Listener listener) {
+    auto& masks = selected_[window];
+    masks[static_cast<std::size_t>(listener)] = mask;
+    const std::uint32_t all = masks[0] | masks[1];
+    if (all == XCB_EVENT_MASK_NO_EVENT) {
+        selected_.erase(window);
+    }
+    xcb_change_window_attributes(connection_, window, XCB_CW_EVENT_MASK, &all);
 }
 
 void X11Connection::sendToRoot(xcb_window_t window, X11Atom type, std::span<const std::uint32_t> data) {
@@ -167,11 +173,18 @@ bool X11Connection::deliver(Poll poll) {
         // Errors tell of windows that went away between two requests, which is their ordinary end. What another
         // client sent in the server's name is not to be believed.
         if (message->response_type != 0 && (message->response_type & sentByClient) == 0) {
+            forgetDestroyed(*message);
             event.emit(*message);
         }
         any = true;
     }
     return any;
+}
+
+void X11Connection::forgetDestroyed(const xcb_generic_event_t& message) {
+    if (message.response_type == XCB_DESTROY_NOTIFY) {
+        selected_.erase(reinterpret_cast<const xcb_destroy_notify_event_t&>(message).window);
+    }
 }
 
 } // namespace ambrel

@@ -5,11 +5,13 @@
 #include "Core/Signal.h"
 #include "Platform/Linux/X11Atom.h"
 
+#include <array>
 #include <cstdlib>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
+#include <unordered_map>
 #include <variant>
 #include <vector>
 
@@ -26,6 +28,9 @@ struct FreeDeleter {
 /// A reply, event or error that libxcb allocated.
 template <typename Message> using X11Message = std::unique_ptr<Message, FreeDeleter>;
 
+/// On whose behalf a window's events are asked for.
+enum class X11Listener { windows, tray };
+
 /// Our own connection to the X server, pumped by the event loop.
 class X11Connection {
 public:
@@ -41,6 +46,7 @@ public:
 
     [[nodiscard]] xcb_connection_t* raw() const { return connection_; }
     [[nodiscard]] const xcb_screen_t& screen() const { return *screen_; }
+    [[nodiscard]] int screenNumber() const { return screenNumber_; }
     [[nodiscard]] xcb_window_t root() const { return screen_->root; }
     [[nodiscard]] xcb_atom_t atom(X11Atom name) const { return atoms_[static_cast<std::size_t>(name)]; }
     /// The known ones among `atoms`, in their order.
@@ -48,8 +54,8 @@ public:
     [[nodiscard]] bool hasResourceExtension() const { return hasResource_; }
     [[nodiscard]] bool hasMonitors() const { return hasMonitors_; }
 
-    /// Adds to the events that `window` sends to us.
-    void selectEvents(xcb_window_t window, std::uint32_t mask);
+    /// Sets the events that `window` sends to us for this listener; what another has asked for is sent too.
+    void selectEvents(xcb_window_t window, std::uint32_t mask, X11Listener listener = X11Listener::windows);
     /// Asks the window manager, through the root window, for something about `window`.
     void sendToRoot(xcb_window_t window, X11Atom type, std::span<const std::uint32_t> data);
 
@@ -72,9 +78,12 @@ private:
     void findExtensions();
     void pump(Poll poll);
     bool deliver(Poll poll);
+    void forgetDestroyed(const xcb_generic_event_t& message);
 
     xcb_connection_t* connection_;
     xcb_screen_t* screen_ = nullptr;
+    int screenNumber_;
+    std::unordered_map<xcb_window_t, std::array<std::uint32_t, 2>> selected_; ///< by listener
     std::vector<xcb_atom_t> atoms_;
     bool hasResource_ = false;
     bool hasMonitors_ = false;

@@ -132,6 +132,7 @@ void X11WindowMirror::readNew(std::vector<xcb_window_t> ids) {
         } else {
             // Gone already. Another client's window may have the same id by the time the list is read again.
             std::erase(list_, ids[index]);
+            connection_.selectEvents(ids[index], XCB_EVENT_MASK_NO_EVENT);
         }
     }
 }
