@@ -3,6 +3,7 @@ import os
 import re
 import sys
 import tempfile
+import time
 import unittest
 import xml.etree.ElementTree as xml
 
@@ -67,6 +68,10 @@ class DesktopTest(unittest.TestCase):
 
     def wait_until_attached(self, ambrel, program, count=1):
         ambrel.wait_for(f"pid {program.pid} windows={count} aboveThreshold=true")
+
+    def wait_until_settled(self, program):
+        """Until hiding counts: an application that hides in its first three seconds was started that way."""
+        wait_until(lambda: time.monotonic() - program.start_time > 3.1, f"{program.name} is no longer starting")
 
     def wait_until_quit(self, ambrel, program):
         ambrel.wait_for(re.compile(rf"engine: quitting \S+ pid {program.pid} \(windows=0\)$"))

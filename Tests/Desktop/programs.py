@@ -42,6 +42,7 @@ class Program:
     def __init__(self, command, environment=None, name=None):
         self.name = name or pathlib.Path(command[0]).name
         self.lines = []
+        self.start_time = time.monotonic()
         self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
                                         stderr=subprocess.STDOUT, text=True, errors="replace", bufsize=1,
                                         env=environment)

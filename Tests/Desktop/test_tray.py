@@ -1,7 +1,6 @@
 """Applications that close their last window and live on in the tray, of either kind."""
 import pathlib
 import re
-import time
 
 import desktop_test
 from desktop_test import SUBJECT, DesktopTest
@@ -57,8 +56,7 @@ class Tray:
         self.start_tray()
         ambrel = self.start_ambrel(rules=HIDING_RULE)
         subject = self.start_subject_with_icon(ambrel)
-        old_enough = time.monotonic() + 3.2
-        wait_until(lambda: time.monotonic() > old_enough, "it doesn't pass for one that starts hidden")
+        self.wait_until_settled(subject)
         subject.say("destroy 1")
         ambrel.wait_for(f"hide-quit scheduled for {SUBJECT} pid {subject.pid} in 0.200000s")
         subject.wait_for_end()
