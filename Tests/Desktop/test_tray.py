@@ -60,7 +60,7 @@ class Tray:
         subject.say("destroy 1")
         ambrel.wait_for(f"hide-quit scheduled for {SUBJECT} pid {subject.pid} in 0.200000s")
         subject.wait_for_end()
-        decision, = ambrel.decisions()
+        decision, = wait_until(ambrel.decisions, "the decision is on record")
         self.assertEqual(("hidden", "terminated", subject.pid, "hidden"),
                          (decision.path, decision.action, decision.pid, decision.detail))
 
