@@ -38,7 +38,7 @@ protected:
         return lines;
     }
     /// An application that Ambrel asked to quit has ended.
-    void tell(TerminationAudit::Path path, std::optional<std::filesystem::path> url = std::nullopt) {
+    void tell(TerminationAudit::Path path, const std::optional<std::filesystem::path>& url = std::nullopt) {
         house().notifier.notifyQuit("Editor", url, 4711, path);
         desktop.settle();
     }

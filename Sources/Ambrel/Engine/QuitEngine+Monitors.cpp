@@ -135,7 +135,7 @@ void QuitEngine::addMissingMonitors() {
 
 void QuitEngine::recreate(ProcessId pid, const std::string& bundleID) {
     // The identifier may live in the monitor that goes here.
-    const std::string name = bundleID;
+    const std::string name = bundleID; // NOLINT(performance-unnecessary-copy-initialization)
     cancelQuit(pid);
     removeMonitor(pid);
     const auto app = livingApplication(pid);

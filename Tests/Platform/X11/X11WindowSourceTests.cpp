@@ -161,7 +161,7 @@ TEST_F(X11WindowSourceTest, PropertiesMayHoldAnything) {
     PlayedClient client({"--class", QString(3000, 'i'), "c"});
     const auto window = client.open();
     const auto latin = client.open();
-    manager.setProperty(latin, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 8, std::string("caf\xe9\0B\xc3\xa9po", 11));
+    manager.setProperty(latin, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 8, std::string("caf\xe9\0B\xc3\xa9po", 10) + '\0');
     const auto wrong = client.open();
     manager.setWords(wrong, X11Atom::netWmWindowType, XCB_ATOM_CARDINAL, {0, 0xffffffff, 7});
     manager.setProperty(wrong, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 32, std::string(8, '\0'));

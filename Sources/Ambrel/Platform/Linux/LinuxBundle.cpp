@@ -11,7 +11,7 @@ namespace ambrel {
 
 namespace {
 
-constexpr std::size_t infoLimit = 64 * 1024;
+constexpr std::size_t infoLimit = std::size_t{64} * 1024;
 
 std::optional<std::string> textMember(const nlohmann::json& object, const char* name) {
     const auto found = object.find(name);

@@ -14,7 +14,7 @@ namespace {
 
 constexpr Logger logger("queue");
 /// Works ask and wait. The usual eight megabytes would stay reserved after each of them.
-constexpr std::size_t stackBytes = 128 * 1024;
+constexpr std::size_t stackBytes = std::size_t{128} * 1024;
 
 using ThreadWork = std::function<void()>;
 
@@ -34,7 +34,7 @@ int startThread(ThreadWork work) {
     const int error = pthread_create(&thread, &attributes, runThread, owned.get());
     pthread_attr_destroy(&attributes);
     if (error == 0) {
-        owned.release();
+        static_cast<void>(owned.release()); // the thread has it now
     }
     return error;
 }

@@ -41,9 +41,10 @@ void X11WindowManager::handle(const xcb_generic_event_t& event) {
 void X11WindowManager::handleProperty(const xcb_property_notify_event_t& property) {
     const bool ofRoot = property.window == connection_.root();
     const bool ofCheckWindow = property.window == checkWindow_;
-    if ((ofRoot || ofCheckWindow) && property.atom == connection_.atom(X11Atom::netSupportingWmCheck)) {
-        doubt();
-    } else if (ofRoot && property.atom == connection_.atom(X11Atom::netSupported)) {
+    const bool announces =
+        ((ofRoot || ofCheckWindow) && property.atom == connection_.atom(X11Atom::netSupportingWmCheck)) ||
+        (ofRoot && property.atom == connection_.atom(X11Atom::netSupported));
+    if (announces) {
         doubt();
     } else if (ofRoot && property.atom == connection_.atom(X11Atom::netClientList)) {
         // Some delete the list when no window is left, so a deletion alone is no sign of their going.

@@ -22,7 +22,7 @@ std::filesystem::path XdgFileLocations::folder(const std::string& variable, cons
 }
 
 std::filesystem::path XdgFileLocations::home() const {
-    const std::filesystem::path given = environment_.value("HOME").value_or("");
+    std::filesystem::path given = environment_.value("HOME").value_or("");
     if (given.is_absolute()) {
         return given;
     }
