@@ -57,6 +57,28 @@ void recount(benchmark::State& state) {
 }
 BENCHMARK(recount)->ArgName("windows")->RangeMultiplier(4)->Range(1, 256)->Complexity(benchmark::oN);
 
+/// One turn of the idle monitor. Rules of other applications are passed by on the way to each application's own.
+void idleEvaluation(benchmark::State& state) {
+    BusyDesktop busy(state.range(0), state.range(1));
+    busy.desktop.advance(1);
+    for (auto step : state) {
+        busy.desktop.advance(30);
+    }
+}
+BENCHMARK(idleEvaluation)->ArgNames({"apps", "rules"})->ArgsProduct({{100, 1000}, {0, 100, 1000}});
+
+/// From the hotkey to the last of the requests, which the applications refuse.
+void quitAll(benchmark::State& state) {
+    BusyDesktop busy(state.range(0), 0);
+    for (const auto& app : busy.desktop.workspace().applications()) {
+        app->terminateAnswer = simulated::Refuses{};
+    }
+    for (auto step : state) {
+        busy.house.quitAll.run(false);
+    }
+}
+BENCHMARK(quitAll)->ArgName("apps")->Arg(200)->UseRealTime();
+
 } // namespace
 } // namespace ambrel
 

@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -35,6 +34,14 @@ public:
             }
         }
         return deeds;
+    }
+
+    /// The path of the one new line that says something was done, if it says this of this process; else empty.
+    [[nodiscard]] std::string pathOfOnlyDeed(const std::string& action, int pid) {
+        const auto deeds = newDeeds();
+        const bool right =
+            deeds.size() == 1 && deeds[0].action == action && deeds[0].pid == "pid=" + std::to_string(pid);
+        return right ? deeds[0].path : "";
     }
 
     std::map<std::string, long> counts; ///< of lines by path and action

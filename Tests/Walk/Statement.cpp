@@ -12,9 +12,7 @@ namespace {
 
 /// Dates are binary fractions.
 constexpr double slack = 1e-4;
-constexpr double attachment = 0.6; ///< an application is watched this long after it could first be
 constexpr double secondCheck = 0.5;
-constexpr double longestCheck = 2;
 
 bool isEditor(const std::string& bundleID) {
     return strcasecmp(bundleID.c_str(), "com.apple.TextEdit") == 0;
@@ -40,21 +38,14 @@ void Statement::ambrelStarted(DecisionsTail* tail, std::function<void()> drain) 
 
 void Statement::requested(ProcessId pid, const std::string& deed) {
     const auto app = desktop_.workspace().find(pid);
-    const auto path = lineBefore(pid, deed);
+    drain_();
+    const auto path = tail_->pathOfOnlyDeed(deed, pid);
     claim(!path.empty(), *app, "was asked without exactly one line of its own before it");
     judge(*app, path, deed == "hidden");
     asked_[path][app.get()] = history_.now();
     if (path == "idle" && deed == "terminated") {
         history_.of(*app).touched.reset(); // Asked once, until it is used again.
     }
-}
-
-/// The path of the one line that must have been written since the last request; empty if it wasn't.
-std::string Statement::lineBefore(ProcessId pid, const std::string& deed) {
-    drain_();
-    const auto deeds = tail_->newDeeds();
-    const bool right = deeds.size() == 1 && deeds[0].action == deed && deeds[0].pid == fmt::format("pid={}", pid);
-    return right ? deeds[0].path : "";
 }
 
 void Statement::finish() {
@@ -144,34 +135,6 @@ void Statement::judgeQuitAll(const App& app) {
     claim(quittingAll && wishFor(app).inQuitAll, app, "was not meant by Quit All");
     claim(app.bundleIdentifier() != "com.apple.finder" && app.activationPolicy() == ActivationPolicy::regular, app,
           "is nothing for Quit All");
-}
-
-void Statement::look() {
-    for (const auto& app : desktop_.workspace().applications()) {
-        judgeLiveness(*app, history_.of(*app));
-    }
-}
-
-/// An application that nothing has held back since it was watched with a window, and that has none, is quit.
-void Statement::judgeLiveness(const App& app, const AppHistory& history) {
-    const bool late = history_.now() > history.counted + history.delay + longestCheck + slack;
-    if (!late || !mustQuit(app, history) || due_[&app] == history.counted) {
-        return;
-    }
-    due_[&app] = history.counted;
-    ++due;
-    claim(asked_["last-window"][&app] >= history.counted, app, "was not quit though nothing spoke against it");
-}
-
-bool Statement::mustQuit(const App& app, const AppHistory& history) const {
-    const auto bundleID = app.bundleIdentifier();
-    const double watched = std::max(history.upset, history_.calm) + attachment;
-    // Nobody counts anew because the threshold changes.
-    const bool countedSince = history.raised >= history_.turned || history_.begun > history_.turned;
-    return countedSince && app.activationPolicy() == ActivationPolicy::regular && bundleID &&
-           history.count <= wishes_.threshold() && watched <= history.above && wishFor(app).quitAfterLastWindow &&
-           !wishes_.excluded.contains(*bundleID) && *bundleID != "com.apple.finder" &&
-           *bundleID != "app.ambrel.Ambrel" && !history.blind && wishes_.guard == Wishes::Guard::none;
 }
 
 void Statement::claim(bool holds, const App& app, const char* otherwise) {

@@ -25,14 +25,17 @@ public:
     long due = 0;             ///< quits that had to come, and came
 
 private:
+    /// An application is watched this long after it could first be.
+    static constexpr double attachment = 0.6;
+
     void requested(ProcessId pid, const std::string& deed);
-    [[nodiscard]] std::string lineBefore(ProcessId pid, const std::string& deed);
     void judge(const App& app, const std::string& path, bool hides);
     void judgeAny(const App& app);
     void judgeLastWindow(const App& app, const AppHistory& history);
     void judgeHidden(const App& app, const AppHistory& history);
     void judgeIdle(const App& app, const AppHistory& history, bool hides);
     void judgeQuitAll(const App& app);
+    // When it must be asked: Statement+Due.cpp
     void judgeLiveness(const App& app, const AppHistory& history);
     [[nodiscard]] bool mustQuit(const App& app, const AppHistory& history) const;
     void claim(bool holds, const App& app, const char* otherwise);
