@@ -57,6 +57,15 @@ public:
 
     /// Takes away, or gives back, what makes other applications' windows visible to the platform.
     virtual void setTrusted(bool trusted) = 0;
+    // By what the platform listens to.
+    virtual void lockScreen(bool locked) = 0;
+    virtual void darkenDisplays(bool dark) = 0;
+    /// Presses ⌘⌥⇧Q on the keyboard.
+    virtual void pressHotKey() = 0;
+    /// Before this nobody shows notifications.
+    virtual void startNotifications() = 0;
+    /// The user acts on the latest notification.
+    virtual void useNotification(const std::string& action) = 0;
     /// Absent unsets the variable.
     virtual void setEnvironment(const std::string& name, const std::optional<std::string>& value) = 0;
 };

@@ -35,6 +35,7 @@ public:
         for (const auto& identity : {editor, player}) {
             desktop_.workspace().install(identity.bundleIdentifier, identity.name);
         }
+        desktop_.notificationCenter().failure = "nobody shows notifications";
     }
 
     [[nodiscard]] Platform& platform() override { return desktop_; }
@@ -59,6 +60,20 @@ public:
     }
     void settle() override { desktop_.advance(1); }
     void setTrusted(bool trusted) override { desktop_.accessibility().setTrusted(trusted); }
+    void lockScreen(bool locked) override {
+        auto& session = desktop_.session();
+        session.facts->isScreenLocked = locked;
+        (locked ? session.screenIsLocked : session.screenIsUnlocked).emit();
+    }
+    void darkenDisplays(bool dark) override {
+        (dark ? desktop_.session().screensDidSleep : desktop_.session().screensDidWake).emit();
+    }
+    void pressHotKey() override { desktop_.hotKeyCenter().press({12, 0xB00}); }
+    void startNotifications() override { desktop_.notificationCenter().failure.reset(); }
+    void useNotification(const std::string& action) override {
+        auto& center = desktop_.notificationCenter();
+        center.respond(center.shown.back(), action);
+    }
     void setEnvironment(const std::string& name, const std::optional<std::string>& value) override {
         if (value) {
             desktop_.environment().set(name, *value);

@@ -1,5 +1,6 @@
 #include "Contract/Linux/LinuxSample.h"
 #include "Contract/Linux/LinuxWindowManager.h"
+#include "Contract/Linux/PlayedServices.h"
 #include "Core/Files.h"
 #include "Platform/Linux/LinuxPlatform.h"
 #include "Platform/Workspace.h"
@@ -11,6 +12,7 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QProcess>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -48,7 +50,10 @@ bool runUntil(const std::function<bool()>& holds, int milliseconds) {
 
 class LinuxDriver final : public DesktopDriver {
 public:
-    ~LinuxDriver() override { setTrusted(true); }
+    ~LinuxDriver() override {
+        setTrusted(true);
+        darkenDisplays(false);
+    }
 
     [[nodiscard]] Platform& platform() override { return *platform_; }
     [[nodiscard]] std::unique_ptr<SampleApplication> launch(const std::optional<SampleIdentity>& identity) override {
@@ -67,6 +72,13 @@ public:
             windowManager().stop();
         }
     }
+    void lockScreen(bool locked) override { services_.setScreenSaver(locked); }
+    void darkenDisplays(bool dark) override { QProcess::execute("xset", {"s", dark ? "activate" : "reset"}); }
+    void pressHotKey() override { QProcess::execute("xdotool", {"key", "super+alt+shift+q"}); }
+    void startNotifications() override { services_.startNotifications(); }
+    void useNotification(const std::string& action) override {
+        services_.useNotification(QString::fromStdString(action));
+    }
     void setEnvironment(const std::string& name, const std::optional<std::string>& value) override {
         if (value) {
             setenv(name.c_str(), value->c_str(), 1);
@@ -81,6 +93,7 @@ private:
         return manager;
     }
 
+    PlayedServices services_;
     std::unique_ptr<LinuxPlatform> platform_ = createPlatform();
 };
 
