@@ -125,19 +125,10 @@ void AppDelegate::applyDockIconPreferenceLive(bool show) {
 }
 
 void AppDelegate::installHotKey() {
-    neighbours_.hotKeys().onTrigger = lifetime_.guard([this] { hotKeyPressed(); });
+    neighbours_.hotKeys().onTrigger = lifetime_.guard([this] { neighbours_.statusItem().quitAllAction(); });
     if (neighbours_.settings().quitAllHotKeyEnabled.get()) {
         neighbours_.hotKeys().registerHotKey(quitAllKeyCode, quitAllModifiers);
     }
-}
-
-void AppDelegate::hotKeyPressed() {
-    if (neighbours_.settings().confirmBeforeQuitAll.get()) {
-        neighbours_.statusItem().showConfirm(false);
-        return;
-    }
-    neighbours_.quitAll().run(false);
-    neighbours_.statusItem().pulse();
 }
 
 void AppDelegate::takeRoad() {

@@ -55,7 +55,6 @@ private:
     void applyDockIconPreferenceLive(bool show);
     void observeDockPreference();
     void installHotKey();
-    void hotKeyPressed();
     void takeRoad();
     void onboardingFinished();
     void startEngine();

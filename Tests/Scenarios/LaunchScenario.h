@@ -3,6 +3,7 @@
 #include "AppDelegate.h"
 #include "Engine/HotKeyManager.h"
 #include "Scenarios/EngineScenario.h"
+#include "Scenarios/RecordedWindows.h"
 #include "UI/Onboarding/OnboardingController.h"
 #include "UI/SettingsWindowController.h"
 #include "UI/StatusBar/StatusItemController.h"
@@ -24,7 +25,7 @@ protected:
             return house().guard;
         };
         made.statusItem = [this]() -> StatusItemController& {
-            return statusItem;
+            return statusItem();
         };
         made.hotKeys = [this]() -> HotKeyManager& {
             return hotKeys;
@@ -55,14 +56,25 @@ protected:
         desktop.settle();
     }
     void completeOnboarding() { desktop.userDefaults().productSuite()->set("onboardingCompleted", true); }
+    [[nodiscard]] StatusItemController& statusItem() {
+        if (!statusItem_) {
+            statusItem_.emplace(desktop, house().settings, house().quitAll, windows, icons);
+        }
+        return *statusItem_;
+    }
+    void forgetStatusItem() { statusItem_.reset(); }
     [[nodiscard]] std::vector<std::string> lifecycle() { return log.texts("lifecycle"); }
 
-    StatusItemController statusItem;
+    RecordedWindows windows;
+    StatusIcons icons = StatusIcons::built();
     HotKeyManager hotKeys{desktop.hotKeyCenter()};
     SettingsWindowController settingsWindow;
     OnboardingController onboarding;
     std::optional<UpdateController> updates;
     std::optional<AppDelegate> delegate;
+
+private:
+    std::optional<StatusItemController> statusItem_;
 };
 
 } // namespace ambrel

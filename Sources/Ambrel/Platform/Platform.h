@@ -13,6 +13,7 @@ class HotKeyCenter;
 class MainQueue;
 class NotificationCenter;
 class Session;
+class StatusBar;
 class UserDefaults;
 class WindowServer;
 class Workspace;
@@ -35,6 +36,7 @@ public:
     [[nodiscard]] virtual Session& session() = 0;
     [[nodiscard]] virtual HotKeyCenter& hotKeyCenter() = 0;
     [[nodiscard]] virtual NotificationCenter& notificationCenter() = 0;
+    [[nodiscard]] virtual StatusBar& statusBar() = 0;
     /// The real date, or the one of the simulated day.
     [[nodiscard]] virtual const Clock& wallClock() const = 0;
 

@@ -11,6 +11,7 @@
 #include "Platform/Linux/LinuxMainQueue.h"
 #include "Platform/Linux/LinuxNotificationCenter.h"
 #include "Platform/Linux/LinuxSession.h"
+#include "Platform/Linux/LinuxStatusBar.h"
 #include "Platform/Linux/LinuxWorkspace.h"
 #include "Platform/Linux/ProcessEnvironment.h"
 #include "Platform/Linux/ProgramPresence.h"
@@ -73,6 +74,7 @@ struct LinuxPlatform::Parts {
     LinuxSession session{*connection};
     X11HotKeyCenter hotKeys{*connection};
     LinuxNotificationCenter notifications{bus, queue};
+    LinuxStatusBar statusBar;
     ThreadBackgroundQueue background;
     Subscription lost;
     Subscription offered;
@@ -141,6 +143,10 @@ HotKeyCenter& LinuxPlatform::hotKeyCenter() {
 
 NotificationCenter& LinuxPlatform::notificationCenter() {
     return parts_->notifications;
+}
+
+StatusBar& LinuxPlatform::statusBar() {
+    return parts_->statusBar;
 }
 
 const Clock& LinuxPlatform::wallClock() const {

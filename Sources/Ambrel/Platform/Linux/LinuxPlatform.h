@@ -35,6 +35,7 @@ public:
     [[nodiscard]] Session& session() override;
     [[nodiscard]] HotKeyCenter& hotKeyCenter() override;
     [[nodiscard]] NotificationCenter& notificationCenter() override;
+    [[nodiscard]] StatusBar& statusBar() override;
     [[nodiscard]] const Clock& wallClock() const override;
 
     /// For the user interface, which owns the windows that the host speaks of.

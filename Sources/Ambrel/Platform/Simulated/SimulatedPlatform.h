@@ -10,6 +10,7 @@
 #include "Platform/Simulated/SimulatedHotKeyCenter.h"
 #include "Platform/Simulated/SimulatedNotificationCenter.h"
 #include "Platform/Simulated/SimulatedSession.h"
+#include "Platform/Simulated/SimulatedStatusBar.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 #include "Platform/Simulated/SimulatedWindowServer.h"
 #include "Platform/Simulated/SimulatedWorkspace.h"
@@ -36,6 +37,7 @@ public:
     [[nodiscard]] SimulatedSession& session() override { return session_; }
     [[nodiscard]] SimulatedHotKeyCenter& hotKeyCenter() override { return hotKeyCenter_; }
     [[nodiscard]] SimulatedNotificationCenter& notificationCenter() override { return notificationCenter_; }
+    [[nodiscard]] SimulatedStatusBar& statusBar() override { return statusBar_; }
     [[nodiscard]] const Clock& wallClock() const override { return queue_.wallClock(); }
 
     /// Shorthands for what tests do all the time.
@@ -61,6 +63,7 @@ private:
     SimulatedSession session_;
     SimulatedHotKeyCenter hotKeyCenter_;
     SimulatedNotificationCenter notificationCenter_;
+    SimulatedStatusBar statusBar_;
 };
 
 } // namespace ambrel::simulated
