@@ -66,6 +66,10 @@ class DesktopTest(unittest.TestCase):
         self.wait_until_attached(ambrel, subject)
         return subject
 
+    def start_with_subject(self, **arguments):
+        ambrel = self.start_ambrel(**arguments)
+        return ambrel, self.start_subject(ambrel)
+
     def wait_until_attached(self, ambrel, program, count=1):
         ambrel.wait_for(f"pid {program.pid} windows={count} aboveThreshold=true")
 

@@ -24,8 +24,8 @@ def install_entry(name, command=SAMPLE):
 class Sample(Program):
     """Its windows say that they belong to the entry of the sample's name, if there is one."""
 
-    def __init__(self, name, *options, command=(SAMPLE,)):
-        super().__init__([*command, "--class", name, name.capitalize(), *options], name=name)
+    def __init__(self, name, *options):
+        super().__init__([SAMPLE, "--class", name, name.capitalize(), *options], name=name)
 
     def open(self, how="open"):
         """Opens a window, or a dialog and so on, and returns its id once it is on screen."""

@@ -71,16 +71,6 @@ class Idle(DesktopTest):
         activate(self.start_sample(CANARY).open())
         ambrel.wait_for(f"idle: idle-hide {SUBJECT} (idle 2s)", after=begin)
 
-    def test_application_in_front_never_idles(self):
-        ambrel = self.start_with_rule("quit")
-        subject = self.start_subject(ambrel)
-        activate(windows.windows(subject.pid)[0].id)
-        self.wait_until_settled(subject)
-        self.assertIsNone(ambrel.find("idle-quit"))
-        activate(self.start_sample(CANARY).open())
-        ambrel.wait_for(f"idle: idle-quit {SUBJECT} (idle 2s)")
-        subject.wait_for_end()
-
 
 if __name__ == "__main__":
     desktop_test.main()

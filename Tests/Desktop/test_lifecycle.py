@@ -43,8 +43,7 @@ class Lifecycle(DesktopTest):
 
     def test_window_manager_restarts(self):
         self.expected_complaints = [UNREADABLE]
-        ambrel = self.start_ambrel()
-        subject = self.start_subject(ambrel)
+        ambrel, subject = self.start_with_subject()
         windows.end_window_manager()
         windows.start_window_manager()
         wait_until(lambda: windows.windows(subject.pid), "the window is managed again")

@@ -6,9 +6,6 @@ import desktop_test
 from desktop_test import SUBJECT, DesktopTest
 from programs import wait_until
 
-HIDING_RULE = {"rules": [{"bundleIdentifier": SUBJECT, "quitWhenHidden": True}],
-               "defaultRule": {"bundleIdentifier": "*"}}
-
 
 class Tray:
     """What holds for both kinds; a kind knows how to start its tray and how an application shows an icon there."""
@@ -52,21 +49,8 @@ class Tray:
         subject.say("close 2")
         self.wait_until_quit(ambrel, subject)
 
-    def test_rule_quits_what_is_hidden(self):
-        self.start_tray()
-        ambrel = self.start_ambrel(rules=HIDING_RULE)
-        subject = self.start_subject_with_icon(ambrel)
-        self.wait_until_settled(subject)
-        subject.say("destroy 1")
-        ambrel.wait_for(f"hide-quit scheduled for {SUBJECT} pid {subject.pid} in 0.200000s")
-        subject.wait_for_end()
-        decision, = wait_until(ambrel.decisions, "the decision is on record")
-        self.assertEqual(("hidden", "terminated", subject.pid, "hidden"),
-                         (decision.path, decision.action, decision.pid, decision.detail))
-
     def test_tray_that_comes_late_and_restarts(self):
-        ambrel = self.start_ambrel()
-        subject = self.start_subject(ambrel)
+        ambrel, subject = self.start_with_subject()
         for number in (1, 2):
             tray = self.start_tray()
             self.show_icon(subject)

@@ -88,6 +88,7 @@ class TrayApplications(DesktopTest):
         self.close_window(application)
         ambrel.wait_for(f"hide-quit terminating {application.bundle} pid {program.pid}")
         program.wait_for_end()
+        ambrel.stop()
 
     def check_icon_alone(self, application):
         """These two keep their window alive; others destroy it, and nothing is left of them but the icon."""
@@ -102,31 +103,18 @@ class TrayApplications(DesktopTest):
         self.assertNotIn(program.pid, [decision.pid for decision in ambrel.decisions()])
         ambrel.stop()
 
-    def test_icons_alone_in_an_embedding_tray(self):
-        self.start_trayer()
+    def check_all(self):
         for application in (KEEPASSXC, TRANSMISSION):
+            self.check_application(application)
             self.check_icon_alone(application)
 
-    def test_icons_alone_with_a_watcher(self):
-        self.start_panel()
-        for application in (KEEPASSXC, TRANSMISSION):
-            self.check_icon_alone(application)
-
-    def test_keepassxc_in_an_embedding_tray(self):
+    def test_in_an_embedding_tray(self):
         self.start_trayer()
-        self.check_application(KEEPASSXC)
+        self.check_all()
 
-    def test_transmission_in_an_embedding_tray(self):
-        self.start_trayer()
-        self.check_application(TRANSMISSION)
-
-    def test_keepassxc_with_a_watcher(self):
+    def test_with_a_watcher(self):
         self.start_panel()
-        self.check_application(KEEPASSXC)
-
-    def test_transmission_with_a_watcher(self):
-        self.start_panel()
-        self.check_application(TRANSMISSION)
+        self.check_all()
 
 
 if __name__ == "__main__":

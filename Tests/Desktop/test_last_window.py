@@ -1,0 +1,109 @@
+"""The last window of an application closes, or only seems to; applications lie, hang and refuse meanwhile."""
+import os
+import re
+import signal
+
+import desktop_test
+import windows
+from desktop_test import SUBJECT, DesktopTest
+from programs import wait_until
+
+
+class LastWindow(DesktopTest):
+    def test_quits(self):
+        ambrel, subject = self.start_with_subject()
+        subject.say("close 1")
+        self.wait_until_quit(ambrel, subject)
+        self.assertEqual(1, subject.count("sigterm"))
+        decision, = ambrel.decisions()
+        self.assertEqual((SUBJECT, SUBJECT, "windows=0"), (decision.bundle, decision.name, decision.detail))
+
+    def test_what_is_not_closed_holds_back(self):
+        ambrel, second = self.start_with_subject()
+        second.open()
+        ambrel.wait_for(f"{SUBJECT} windows 1->2 ")
+        second.say("close 1")
+        ambrel.wait_for(f"{SUBJECT} windows 2->1 ")
+        minimised, withdrawn, hasty = (self.start_subject(ambrel) for _ in range(3))
+        withdrawn.say("withdraw 1")
+        withdrawn.wait_for(re.compile("unmapped$"))
+        for subject in (minimised, hasty):
+            window = windows.windows(subject.pid)[0]
+            subject.say("minimise 1")
+            wait_until(lambda: windows.is_hidden(window), "the window is minimised")
+        hasty.say("destroy 1")
+        ambrel.wait_for(f"skip quit: {SUBJECT} minimized within 2s grace")
+        self.check_left_alone(ambrel, second, minimised, withdrawn, hasty)
+        second.say("close 2")
+        self.wait_until_quit(ambrel, second)
+
+    def test_dialog_holds_back_until_it_is_closed(self):
+        ambrel, subject = self.start_with_subject()
+        subject.open("dialog")
+        subject.say("destroy 1")
+        ambrel.wait_for(f"{SUBJECT} — AX says 0 but the window server sees 1 window(s); vetoing quit (AX artifact)")
+        self.assertTrue(subject.is_running())
+        self.wait_for_decision(ambrel, "skipped(cg-windows-exist)", subject)
+        subject.say("destroy 2")
+        self.wait_until_quit(ambrel, subject)
+
+    def test_a_false_identity_protects_everyone(self):
+        ambrel, victim = self.start_with_subject()
+        liars = [self.start_sample(SUBJECT, *options) for options in (
+            ("--pid", str(victim.pid)), ("--pid", "1"), ("--pid", "4194304"), ("--machine", "elsewhere.example"))]
+        for liar in liars:
+            liar.open()
+            liar.say("destroy 1")
+            liar.wait_for(re.compile("destroyed$"))
+        self.check_left_alone(ambrel, victim, *liars)
+
+    def test_honest_application_without_a_pid_property_is_quit(self):
+        ambrel = self.start_ambrel()
+        subject = self.start_sample(SUBJECT, "--no-pid")
+        subject.open()
+        self.wait_until_attached(ambrel, subject)
+        subject.say("destroy 1")
+        self.wait_until_quit(ambrel, subject)
+
+    def test_stopped_application_holds_nobody_up(self):
+        ambrel, subject = self.start_with_subject()
+        window = windows.windows(subject.pid)[0]
+        subject.say("freeze")
+        subject.wait_for("frozen")
+        windows.close(window)
+        self.check_left_alone(ambrel, subject)
+        subject.signal(signal.SIGCONT)
+        self.wait_until_quit(ambrel, subject)
+
+    def test_refusal_is_final(self):
+        ambrel, subject = self.start_with_subject()
+        subject.say("ignore-term")
+        subject.say("close 1")
+        subject.wait_for("sigterm")
+        begin = len(subject.lines)
+        self.check_left_alone(ambrel)
+        self.assertTrue(subject.is_running())
+        self.assertIsNone(subject.find("sigterm", after=begin))
+
+    def test_child_outlives_the_quit(self):
+        ambrel, subject = self.start_with_subject()
+        subject.say("fork")
+        child = int(subject.wait_for(re.compile(r"^child \d+")).text.split()[1])
+        subject.say("close 1")
+        self.wait_until_quit(ambrel, subject)
+        self.assertIn("ambrel-sample", os.readlink(f"/proc/{child}/exe"))
+        os.kill(child, signal.SIGTERM)
+
+    def test_storm_of_windows(self):
+        ambrel, subject = self.start_with_subject()
+        for _ in range(5):
+            begin = len(subject.lines)
+            subject.say("storm 200")
+            subject.wait_for("storm over", after=begin)
+        self.check_left_alone(ambrel, subject)
+        subject.say("close 1")
+        self.wait_until_quit(ambrel, subject)
+
+
+if __name__ == "__main__":
+    desktop_test.main()
