@@ -103,7 +103,7 @@ TEST_F(FilesTest, AFullDiskLeavesTheOldFile) {
         ::setrlimit(RLIMIT_FSIZE, &limit);
         return codeOf(replaceFile(file, std::string(5000, 'x')));
     });
-    EXPECT_EQ(child.wait(), EFBIG);
+    EXPECT_EQ(child.collect(), EFBIG);
     EXPECT_EQ(textOf(file), "old");
     EXPECT_TRUE(nothingElseIsLeft());
 }
@@ -148,8 +148,8 @@ TEST_F(FilesTest, CopiesThatSaveAtTheSameTimeTakeTurns) {
     while (std::chrono::steady_clock::now() < end) {
         ASSERT_TRUE(isWhole(textOf(file)));
     }
-    EXPECT_EQ(first.kill(), -1) << "no save failed until then";
-    EXPECT_EQ(second.kill(), -1);
+    EXPECT_EQ(first.kill(), -SIGKILL) << "no save failed until then";
+    EXPECT_EQ(second.kill(), -SIGKILL);
 }
 
 TEST_F(FilesTest, MovingNeverOverwrites) {

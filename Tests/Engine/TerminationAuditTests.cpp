@@ -168,7 +168,7 @@ TEST_F(TerminationAuditTest, RunningCopiesDoNotMixTheirLines) {
     };
     ChildProcess other(recordMany);
     recordMany();
-    EXPECT_EQ(other.wait(), 0);
+    EXPECT_EQ(other.collect(), 0);
     const auto expected = line("idle\thidden\tid\t" + std::string(500, 'x') + "\tpid=1");
     const auto text = textOf(custom);
     ASSERT_EQ(text.size(), 400 * expected.size());

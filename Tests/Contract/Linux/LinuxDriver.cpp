@@ -1,30 +1,85 @@
-#include "Contract/Linux/LinuxSample.h"
-#include "Contract/Linux/LinuxWindowManager.h"
+#include "Contract/DesktopDriver.h"
 #include "Contract/Linux/PlayedServices.h"
 #include "Core/Files.h"
+#include "Platform/Linux/EventLoop.h"
 #include "Platform/Linux/LinuxPlatform.h"
 #include "Platform/Workspace.h"
+#include "Support/SampleProcess.h"
+#include "Support/TextFile.h"
 
-#include <array>
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QProcess>
-#include <QTimer>
+#include <fmt/ranges.h>
 #include <gtest/gtest.h>
 
 namespace ambrel {
 
 namespace {
 
-constexpr int waitMilliseconds = 10000;
 /// Longer than the platform takes to tell a withdrawn window from one that is being destroyed.
 constexpr int quietMilliseconds = 500;
-/// What the desktop shows can change without an event for the platform.
-constexpr int lookAgainMilliseconds = 10;
+
+std::vector<std::string> sampleArguments(const std::string& windowClass) {
+    return {"--class", windowClass, windowClass, "open"};
+}
+
+class LinuxSample final : public SampleApplication {
+public:
+    explicit LinuxSample(const std::string& windowClass) : process_(sampleArguments(windowClass)) {}
+
+    [[nodiscard]] ProcessId pid() const override { return process_.pid(); }
+    int openWindow() override { return open("open"); }
+    int openDialog() override { return open("dialog"); }
+    void close(int window) override { command("destroy", window); }
+    void minimise(int window) override { command("minimise", window); }
+    void restore(int window) override { map(window); }
+    void withdraw(int window) override { command("withdraw", window); }
+    void map(int window) override { command("map", window); }
+    void show() override {
+        for (int window = 1; window <= windows_; ++window) {
+            map(window);
+        }
+    }
+    void refuseToQuit() override {
+        process_.command("ignore-term");
+        process_.command("ignore-delete");
+    }
+    /// Not collected yet: until the end of this object nobody else gets its process id.
+    void crash() override { process_.signal(SIGKILL); }
+
+private:
+    int open(const std::string& verb) {
+        process_.open(verb);
+        return ++windows_;
+    }
+    void command(const std::string& verb, int window) { process_.command(verb + " " + std::to_string(window)); }
+
+    SampleProcess process_;
+    int windows_ = 1;
+};
+
+/// The private desktop's window manager: the one it began with, then those that are started here.
+class WindowManager {
+public:
+    void stop() {
+        if (isFirstRunning_) {
+            kill(std::atoi(std::getenv("AMBREL_DESKTOP_WM_PID")), SIGKILL);
+            isFirstRunning_ = false;
+        }
+        later_.reset();
+    }
+    void start() {
+        if (!isFirstRunning_ && !later_) {
+            later_.emplace(std::vector<std::string>{"sh", "-c", "exec $AMBREL_DESKTOP_WM_COMMAND"});
+        }
+    }
+
+private:
+    bool isFirstRunning_ = true;
+    std::optional<ChildProcess> later_;
+};
 
 std::unique_ptr<LinuxPlatform> createPlatform() {
     auto created = LinuxPlatform::create();
@@ -35,23 +90,10 @@ std::unique_ptr<LinuxPlatform> createPlatform() {
     return std::move(std::get<std::unique_ptr<LinuxPlatform>>(created));
 }
 
-/// Runs Qt's event loop until `holds` answers true or the time is over.
-bool runUntil(const std::function<bool()>& holds, int milliseconds) {
-    const QDeadlineTimer deadline(milliseconds);
-    QTimer lookAgain;
-    lookAgain.start(lookAgainMilliseconds);
-    bool held = holds();
-    while (!held && !deadline.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        held = holds();
-    }
-    return held;
-}
-
 class LinuxDriver final : public DesktopDriver {
 public:
     ~LinuxDriver() override {
-        setTrusted(true);
+        windowManager().start();
         darkenDisplays(false);
     }
 
@@ -59,19 +101,11 @@ public:
     [[nodiscard]] std::unique_ptr<SampleApplication> launch(const std::optional<SampleIdentity>& identity) override {
         return std::make_unique<LinuxSample>(identity ? identity->bundleIdentifier : "ambrel-nobody");
     }
-    [[nodiscard]] bool waitUntil(const std::function<bool()>& holds) override {
-        return runUntil(holds, waitMilliseconds);
-    }
+    [[nodiscard]] bool waitUntil(const std::function<bool()>& holds) override { return runUntil(holds); }
     void settle() override {
         (void)runUntil([] { return false; }, quietMilliseconds);
     }
-    void setTrusted(bool trusted) override {
-        if (trusted) {
-            windowManager().start();
-        } else {
-            windowManager().stop();
-        }
-    }
+    void setTrusted(bool trusted) override { trusted ? windowManager().start() : windowManager().stop(); }
     void lockScreen(bool locked) override { services_.setScreenSaver(locked); }
     void darkenDisplays(bool dark) override { QProcess::execute("xset", {"s", dark ? "activate" : "reset"}); }
     void pressHotKey() override { QProcess::execute("xdotool", {"key", "super+alt+shift+q"}); }
@@ -80,16 +114,12 @@ public:
         services_.useNotification(QString::fromStdString(action));
     }
     void setEnvironment(const std::string& name, const std::optional<std::string>& value) override {
-        if (value) {
-            setenv(name.c_str(), value->c_str(), 1);
-        } else {
-            unsetenv(name.c_str());
-        }
+        value ? setenv(name.c_str(), value->c_str(), 1) : unsetenv(name.c_str());
     }
 
 private:
-    static LinuxWindowManager& windowManager() {
-        static LinuxWindowManager manager;
+    static WindowManager& windowManager() {
+        static WindowManager manager;
         return manager;
     }
 
@@ -99,15 +129,10 @@ private:
 
 /// Desktop entries are read once per process, so they must be there before the platform is.
 void install(const SampleIdentity& identity) {
-    const auto folder = std::filesystem::path(std::getenv("XDG_DATA_HOME")) / "applications";
-    std::filesystem::create_directories(folder);
-    std::ofstream entry(folder / (std::string(identity.bundleIdentifier) + ".desktop"));
-    entry << "[Desktop Entry]\nType=Application\nName=" << identity.name
-          << "\nStartupWMClass=" << identity.bundleIdentifier << "\nExec=";
-    for (const auto& argument : LinuxSample::commandLine(identity.bundleIdentifier)) {
-        entry << argument << ' ';
-    }
-    entry << '\n';
+    const std::string id = identity.bundleIdentifier;
+    writeText(std::filesystem::path(std::getenv("XDG_DATA_HOME")) / "applications" / (id + ".desktop"),
+              fmt::format("[Desktop Entry]\nType=Application\nName={}\nStartupWMClass={}\nExec={}\n", identity.name, id,
+                          fmt::join(SampleProcess::commandLine(sampleArguments(id)), " ")));
 }
 
 /// A window manager that has only just announced itself may pass over a window that appears while it starts.

@@ -1,6 +1,5 @@
-/// An application on the session bus. Arguments: --own NAME claims a name; every other one is an action of it.
-/// Prints its unique name first, then one line for each call of an action and each SIGTERM ("SIGTERM"); SIGWINCH
-/// prints "done".
+/// An application on the session bus; its arguments are its actions. Prints its unique name first, then one line for
+/// each call of an action and each SIGTERM ("SIGTERM"); SIGWINCH prints "done".
 #include <csignal>
 #include <cstring>
 
@@ -58,14 +57,9 @@ private:
 int main(int argc, char** argv) {
     reportSignals(SIG_BLOCK);
     const QCoreApplication application(argc, argv);
-    auto arguments = QCoreApplication::arguments().mid(1);
     auto bus = QDBusConnection::sessionBus();
     reportSignals(SIG_UNBLOCK);
-    if (arguments.value(0) == "--own") {
-        bus.registerService(arguments.value(1));
-        arguments = arguments.mid(2);
-    }
-    Actions actions(arguments);
+    Actions actions(QCoreApplication::arguments().mid(1));
     bus.registerVirtualObject("/app", &actions);
     print(qPrintable(bus.baseService() + "\n"));
     return QCoreApplication::exec();

@@ -1,6 +1,6 @@
 #include "Platform/Linux/ApplicationIdentifier.h"
-#include "Platform/Linux/ChildProcess.h"
 #include "Platform/Linux/EventLoop.h"
+#include "Support/ChildProcess.h"
 #include "Support/LoggedTest.h"
 
 #include <algorithm>

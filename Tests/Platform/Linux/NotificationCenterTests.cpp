@@ -7,6 +7,7 @@
 #include <fstream>
 #include <thread>
 
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QElapsedTimer>
 #include <QThread>
@@ -39,8 +40,7 @@ protected:
     void startDaemon(Texts capabilities = {"actions", "body", "body-markup"}) {
         daemon.reset();
         capabilities.insert(capabilities.begin(), NOTIFICATION_DAEMON);
-        daemon = std::make_unique<ChildProcess>(std::move(capabilities),
-                                                ChildProcess::Environment{{"DBUS_SESSION_BUS_ADDRESS", bus.address}});
+        daemon = std::make_unique<ChildProcess>(std::move(capabilities));
         ASSERT_EQ(daemon->readLine(), "ready");
     }
 
@@ -193,6 +193,10 @@ TEST_F(NotificationCenterTests, IsStartedWhereTheBusCan) {
     install(NOTIFICATION_DAEMON " actions");
     EXPECT_EQ(authorization(), std::pair(true, NotificationFailure()));
     EXPECT_EQ(responsesBefore("Editor", 1), Texts{});
+    // It is the bus's child, and would outlive it.
+    const auto pid = user.connection()->interface()->servicePid(daemonName);
+    ASSERT_TRUE(pid.isValid());
+    kill(static_cast<pid_t>(pid.value()), SIGKILL);
 }
 
 TEST_F(NotificationCenterTests, HungDaemonHoldsNobodyUpAndMayRecover) {

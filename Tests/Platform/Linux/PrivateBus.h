@@ -1,22 +1,21 @@
 #pragma once
 
-#include "Platform/Linux/ChildProcess.h"
+#include "Support/ChildProcess.h"
 #include "Support/TemporaryFolder.h"
+#include "Support/TextFile.h"
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <string>
 
 #include <gtest/gtest.h>
 
 namespace ambrel {
 
-/// A session bus of the test's own, which this process takes for its session's. It can start no service but the test's.
+/// A session bus of the test's own, which this process and its children take for their session's. It can start no
+/// service but the test's.
 class PrivateBus {
 public:
     PrivateBus() {
-        address = daemon.readLine().value_or("");
+        const auto address = daemon.readLine().value_or("");
         EXPECT_NE(address, "") << "dbus-daemon didn't start";
         setenv("DBUS_SESSION_BUS_ADDRESS", address.c_str(), 1);
     }
@@ -28,19 +27,17 @@ public:
     std::filesystem::path services = data.path() / "services"; ///< where the bus reads services
     ChildProcess daemon{{"sh", "-c",
                          "exec dbus-daemon --config-file=\"$0\" --nofork --nopidfile --print-address=1 2>/dev/null",
-                         configuration()},
-                        {{"PATH", "/usr/bin:/bin"}}};
-    std::string address;
+                         configuration()}};
 
 private:
     /// The usual one of a session names the services of the machine.
     [[nodiscard]] std::string configuration() const {
         std::filesystem::create_directories(services);
         const auto file = data.path() / "bus.conf";
-        std::ofstream(file) << "<busconfig><type>session</type><listen>unix:dir=" << data.path().string()
-                            << "</listen><auth>EXTERNAL</auth><servicedir>" << services.string()
-                            << "</servicedir><policy context='default'><allow send_destination='*'/><allow own='*'/>"
-                               "<allow receive_sender='*'/></policy></busconfig>\n";
+        writeText(file, "<busconfig><type>session</type><listen>unix:dir=" + data.path().string() +
+                            "</listen><auth>EXTERNAL</auth><servicedir>" + services.string() +
+                            "</servicedir><policy context='default'><allow send_destination='*'/><allow own='*'/>"
+                            "<allow receive_sender='*'/></policy></busconfig>\n");
         return file;
     }
 };

@@ -1,7 +1,7 @@
-#include "Platform/Linux/ChildProcess.h"
 #include "Platform/Linux/EventLoop.h"
 #include "Platform/Linux/ProcFiles.h"
 #include "Platform/Linux/Process.h"
+#include "Support/ChildProcess.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@ namespace ambrel {
 
 namespace {
 
-void waitForSignals() {
+[[noreturn]] int waitForSignals() {
     while (true) {
         pause();
     }
@@ -31,7 +31,7 @@ TEST(ProcessTests, TellsOfTheEndOnceAndFromTheEventLoop) {
     child.awaitEnd();
     EXPECT_EQ(ends, 0);
     EXPECT_TRUE(runUntil([&] { return ends > 0; }));
-    EXPECT_EQ(child.collect(), SIGTERM);
+    EXPECT_EQ(child.collect(), -SIGTERM);
     QCoreApplication::processEvents();
     EXPECT_EQ(ends, 1);
 }
@@ -73,8 +73,7 @@ TEST(ProcessTests, ExistsWhoeversItIsAndWhicheverThreadHasEnded) {
                            "import ctypes, threading, time\n"
                            "threading.Thread(target=time.sleep, args=[60]).start()\n"
                            "print('ready', flush=True)\n"
-                           "ctypes.CDLL(None).pthread_exit(None)"},
-                          {{"PATH", "/usr/bin:/bin"}});
+                           "ctypes.CDLL(None).pthread_exit(None)"});
     ASSERT_EQ(headless.readLine(), "ready");
     const auto state = [&] {
         const auto stat = readProcFile(headless.pid(), "stat").value_or("");
@@ -107,7 +106,7 @@ TEST(ProcessTests, DroppedProcessIsSilent) {
 }
 
 TEST(ProcessTests, OursByUserEvenWhenUntraceable) {
-    ChildProcess hardened([] {
+    ChildProcess hardened([]() -> int {
         prctl(PR_SET_DUMPABLE, 0);
         waitForSignals();
     });
@@ -118,9 +117,7 @@ TEST(ProcessTests, OursByUserEvenWhenUntraceable) {
         EXPECT_FALSE(Process::open(1, [] {}));
         return;
     }
-    ChildProcess foreign(
-        std::vector<std::string>{"setpriv", "--reuid=65534", "--clear-groups", "sh", "-c", "echo ready; exec sleep 60"},
-        {{"PATH", "/usr/bin:/bin"}});
+    ChildProcess foreign({"setpriv", "--reuid=65534", "--clear-groups", "sh", "-c", "echo ready; exec sleep 60"});
     ASSERT_EQ(foreign.readLine(), "ready");
     EXPECT_FALSE(Process::open(foreign.pid(), [] {}));
 }

@@ -29,18 +29,6 @@ protected:
     SessionBus caller;
 };
 
-TEST_F(ProgramPresenceTests, SeesTheCopyThatHoldsTheName) {
-    std::vector<ProcessId> others;
-    {
-        ChildProcess first({ACTION_RESPONDER, "--own", "app.ambrel.Ambrel"},
-                           {{"DBUS_SESSION_BUS_ADDRESS", bus.address}});
-        ASSERT_TRUE(first.readLine());
-        EXPECT_EQ(ProgramPresence(sessionBus).otherInstances(), std::vector<ProcessId>{first.pid()});
-    }
-    SessionBus later;
-    EXPECT_EQ(ProgramPresence(later).otherInstances(), std::vector<ProcessId>());
-}
-
 TEST_F(ProgramPresenceTests, EveryWayToOpenItAgainCounts) {
     ProgramPresence presence(sessionBus);
     LinuxApplicationHost host(presence);

@@ -18,9 +18,9 @@ namespace {
 
 /// An application with actions of its own.
 struct Application {
-    explicit Application(const PrivateBus& bus, std::vector<std::string> actions)
-        : child(command(std::move(actions)), {{"DBUS_SESSION_BUS_ADDRESS", bus.address}}),
-          busName(child.readLine().value_or("")), process(Process::open(child.pid(), [] {})) {}
+    explicit Application(std::vector<std::string> actions)
+        : child(command(std::move(actions))), busName(child.readLine().value_or("")),
+          process(Process::open(child.pid(), [] {})) {}
 
     static std::vector<std::string> command(std::vector<std::string> actions) {
         actions.insert(actions.begin(), ACTION_RESPONDER);
@@ -75,7 +75,7 @@ protected:
 };
 
 TEST_F(QuitRequestTests, CallsTheActionAndSendsNoSignalEver) {
-    Application application(bus, {"open", "quit"});
+    Application application({"open", "quit"});
     request.quit(application.process, application.address());
     request.quit(application.process, application.address());
     EXPECT_EQ(awaitNews(application), Lines{activation});
@@ -84,20 +84,20 @@ TEST_F(QuitRequestTests, CallsTheActionAndSendsNoSignalEver) {
 }
 
 TEST_F(QuitRequestTests, OneSignalWhereThereIsNoAction) {
-    Application application(bus, {"open", "quit-all"});
+    Application application({"open", "quit-all"});
     request.quit(application.process, application.address());
     EXPECT_EQ(awaitNews(application), Lines{"SIGTERM"});
     request.quit(application.process, std::nullopt);
     EXPECT_EQ(application.heard(), Lines{}) << "many programs die of the second signal";
 
-    Application other(bus, {"quit"});
+    Application other({"quit"});
     request.quit(other.process, std::nullopt);
     EXPECT_EQ(other.heard(), Lines{"SIGTERM"});
 }
 
 TEST_F(QuitRequestTests, AddressOfAnotherProcessIsNotCalled) {
-    Application application(bus, {});
-    Application bystander(bus, {"quit"});
+    Application application({});
+    Application bystander({"quit"});
     request.quit(application.process, bystander.address());
     EXPECT_EQ(awaitNews(application), Lines{"SIGTERM"});
     EXPECT_EQ(bystander.heard(), Lines{});
@@ -106,19 +106,19 @@ TEST_F(QuitRequestTests, AddressOfAnotherProcessIsNotCalled) {
 TEST_F(QuitRequestTests, AddressesOfNobodyLeadToTheSignal) {
     for (const auto& address : {QuitActionAddress{":1.9999", "/app"}, QuitActionAddress{"", ""},
                                 QuitActionAddress{"org.example.Absent", "/app"}, QuitActionAddress{"\xff", "app"}}) {
-        Application application(bus, {"quit"});
+        Application application({"quit"});
         request.quit(application.process, address);
         EXPECT_EQ(awaitNews(application), Lines{"SIGTERM"}) << address.busName;
     }
     for (const auto* const path : {"", "no path", "/elsewhere"}) {
-        Application application(bus, {"quit"});
+        Application application({"quit"});
         request.quit(application.process, QuitActionAddress{application.busName, path});
         EXPECT_EQ(awaitNews(application), Lines{"SIGTERM"}) << path;
     }
 }
 
 TEST_F(QuitRequestTests, HungApplicationGetsTheSignal) {
-    Application application(bus, {"quit"});
+    Application application({"quit"});
     application.child.signal(SIGSTOP);
     application.child.awaitStop();
     request.quit(application.process, application.address());
@@ -128,7 +128,7 @@ TEST_F(QuitRequestTests, HungApplicationGetsTheSignal) {
 }
 
 TEST_F(QuitRequestTests, HungBusLeadsToTheSignal) {
-    Application application(bus, {"quit"});
+    Application application({"quit"});
     bus.daemon.signal(SIGSTOP);
     bus.daemon.awaitStop();
     request.quit(application.process, application.address());
@@ -137,19 +137,19 @@ TEST_F(QuitRequestTests, HungBusLeadsToTheSignal) {
 }
 
 TEST_F(QuitRequestTests, EndedProcessIsLeftAlone) {
-    Application application(bus, {"quit"});
+    Application application({"quit"});
     request.quit(application.process, application.address());
     application.child.signal(SIGKILL);
     application.child.awaitEnd();
     request.quit(application.process, std::nullopt);
-    EXPECT_EQ(application.child.collect(), SIGKILL);
+    EXPECT_EQ(application.child.collect(), -SIGKILL);
 }
 
 TEST_F(QuitRequestTests, MayEndInTheMiddleOfAConversation) {
-    Application application(bus, {"quit"});
+    Application application({"quit"});
     std::make_unique<QuitRequest>(sessionBus)->quit(application.process, application.address());
     // The bus keeps the order: when this has been answered, the other question has been too.
-    Application other(bus, {"quit"});
+    Application other({"quit"});
     request.quit(other.process, other.address());
     EXPECT_EQ(awaitNews(other), Lines{activation});
     EXPECT_EQ(application.heard(), Lines{});

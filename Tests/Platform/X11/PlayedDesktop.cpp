@@ -2,65 +2,17 @@
 
 #include <array>
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QTimer>
-#include <gtest/gtest.h>
-
 namespace ambrel {
 
-namespace {
-
-constexpr int patience = 5000;
-
-} // namespace
-
-bool waitUntil(const std::function<bool()>& holds) {
-    const QDeadlineTimer deadline(patience);
-    QTimer wakeUp;
-    wakeUp.start(5);
-    while (!holds() && !deadline.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    return holds();
-}
-
-PlayedClient::PlayedClient(const QStringList& arguments) {
-    process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process_.start(AMBREL_SAMPLE, arguments);
-    EXPECT_TRUE(process_.waitForStarted(patience));
-}
-
-PlayedClient::~PlayedClient() {
-    kill();
-}
-
-xcb_window_t PlayedClient::open(const char* verb) {
-    command(QByteArray(verb));
-    while (process_.canReadLine() || process_.waitForReadyRead(patience)) {
-        // "window 0x600000 open"
-        const auto words = process_.readLine().trimmed().split(' ');
-        if (words.size() >= 3 && words[0] == "window" && words[2] == "open") {
-            return words[1].toUInt(nullptr, 16);
-        }
-    }
-    ADD_FAILURE() << "the sample opened no window";
-    return XCB_WINDOW_NONE;
-}
-
-void PlayedClient::command(const QByteArray& line) {
-    process_.write(line + "\n");
-    process_.waitForBytesWritten(patience);
-}
-
-void PlayedClient::kill() {
-    process_.kill();
-    process_.waitForFinished(patience);
-}
-
-PlayedWindowManager::PlayedWindowManager() {
+std::unique_ptr<X11Connection> connect() {
     auto opened = X11Connection::open({}, Seconds(5));
-    connection_ = std::move(std::get<std::unique_ptr<X11Connection>>(opened));
+    return std::move(std::get<std::unique_ptr<X11Connection>>(opened));
+}
+
+void sync(X11Connection& connection) {
+    auto* const raw = connection.raw();
+    const X11Message<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(raw, xcb_get_input_focus(raw), nullptr));
 }
 
 void PlayedWindowManager::announce() {
@@ -75,7 +27,7 @@ void PlayedWindowManager::announce() {
 
 void PlayedWindowManager::die() {
     xcb_destroy_window(connection_->raw(), check_);
-    sync();
+    sync(*connection_);
 }
 
 void PlayedWindowManager::publish(const std::vector<xcb_window_t>& list) {
@@ -91,7 +43,7 @@ void PlayedWindowManager::setProperty(xcb_window_t window, xcb_atom_t property, 
     const auto items = static_cast<std::uint32_t>(bytes.size() / static_cast<std::size_t>(format / 8));
     xcb_change_property(connection_->raw(), XCB_PROP_MODE_REPLACE, window, property, type,
                         static_cast<std::uint8_t>(format), items, bytes.data());
-    sync();
+    sync(*connection_);
 }
 
 void PlayedWindowManager::setWords(xcb_window_t window, X11Atom property, xcb_atom_t type,
@@ -102,7 +54,7 @@ void PlayedWindowManager::setWords(xcb_window_t window, X11Atom property, xcb_at
 
 void PlayedWindowManager::removeProperty(xcb_window_t window, X11Atom property) {
     xcb_delete_property(connection_->raw(), window, connection_->atom(property));
-    sync();
+    sync(*connection_);
 }
 
 void PlayedWindowManager::forgeDestruction(xcb_window_t window) {
@@ -115,13 +67,7 @@ void PlayedWindowManager::forgeDestruction(xcb_window_t window) {
     event.notify.event = window;
     event.notify.window = window;
     xcb_send_event(connection_->raw(), 0, window, XCB_EVENT_MASK_STRUCTURE_NOTIFY, event.bytes.data());
-    sync();
-}
-
-void PlayedWindowManager::sync() {
-    auto* const raw = connection_->raw();
-    const X11Message<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(raw, xcb_get_input_focus(raw), nullptr));
+    sync(*connection_);
 }
 
 } // namespace ambrel

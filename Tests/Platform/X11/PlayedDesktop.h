@@ -1,40 +1,21 @@
 #pragma once
 
 #include "Platform/Linux/X11Connection.h"
-#include "Platform/RunningApplication.h"
 
-#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include <QProcess>
-
 namespace ambrel {
 
-/// Runs the event loop until `holds`; false if it doesn't within some seconds.
-[[nodiscard]] bool waitUntil(const std::function<bool()>& holds);
-
-/// Another process's X client: the sample program, driven by its commands.
-class PlayedClient {
-public:
-    explicit PlayedClient(const QStringList& arguments = {});
-    ~PlayedClient();
-
-    [[nodiscard]] ProcessId pid() const { return static_cast<ProcessId>(process_.processId()); }
-    /// Opens a window by one of the program's verbs, and waits until the server has it.
-    xcb_window_t open(const char* verb = "open");
-    void command(const QByteArray& line);
-    void kill();
-
-private:
-    QProcess process_;
-};
+/// A connection to the private server.
+[[nodiscard]] std::unique_ptr<X11Connection> connect();
+/// Returns when the server has done what `connection` has asked for.
+void sync(X11Connection& connection);
 
 /// A window manager that manages nothing and says what the test wants to be said.
 class PlayedWindowManager {
 public:
-    PlayedWindowManager();
-
     /// Names a check window of its own and what it supports.
     void announce();
     /// Destroys the check window.
@@ -51,9 +32,7 @@ public:
     [[nodiscard]] xcb_window_t root() const { return connection_->root(); }
 
 private:
-    void sync();
-
-    std::unique_ptr<X11Connection> connection_;
+    std::unique_ptr<X11Connection> connection_ = connect();
     xcb_window_t check_ = XCB_WINDOW_NONE;
 };
 

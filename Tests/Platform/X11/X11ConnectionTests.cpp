@@ -1,8 +1,9 @@
-#include "Platform/X11/PlayedDesktop.h"
+#include "Platform/Linux/EventLoop.h"
+#include "Platform/Linux/X11Connection.h"
 
 #include <cerrno>
 
-#include <QCoreApplication>
+#include <QProcess>
 #include <gtest/gtest.h>
 
 #include <arpa/inet.h>
@@ -62,7 +63,7 @@ TEST(X11Connection, TellsOnceThatTheServerHasGone) {
     connection.start();
     server.kill();
     server.waitForFinished();
-    EXPECT_TRUE(waitUntil([&] { return losses > 0; }));
+    EXPECT_TRUE(runUntil([&] { return losses > 0; }));
     // Requests on a dead connection must not bring it back to life, nor end the process.
     connection.selectEvents(connection.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
     for (int turn = 0; turn < 5; ++turn) {

@@ -1,24 +1,18 @@
+#include "Platform/Linux/EventLoop.h"
 #include "Platform/Linux/X11DisplaySleep.h"
 #include "Platform/X11/PlayedDesktop.h"
 #include "Platform/X11/PlayedPowerLevel.h"
-
-#include <cstdlib>
 
 #include <gtest/gtest.h>
 
 namespace ambrel {
 namespace {
 
-std::unique_ptr<X11Connection> connect() {
-    auto opened = X11Connection::open({}, Seconds(5));
-    return std::move(std::get<std::unique_ptr<X11Connection>>(opened));
-}
-
 class X11DisplaySleepTest : public testing::Test {
 protected:
     void SetUp() override {
         connection->selectEvents(connection->root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
-        sync();
+        sync(*connection);
         changes = displays.didChange.subscribe([this] { ++changeCount; });
         connection->start();
     }
@@ -28,10 +22,6 @@ protected:
         PlayedPowerLevel::isEnabled = true;
     }
 
-    /// Before another connection's next request, the server has done what this one has asked for.
-    void sync() {
-        std::free(xcb_get_input_focus_reply(connection->raw(), xcb_get_input_focus(connection->raw()), nullptr));
-    }
     /// What the server also does of itself when the power level changes.
     void forceScreenSaver(std::uint8_t mode) {
         xcb_force_screen_saver(other->raw(), mode);
@@ -43,10 +33,10 @@ protected:
         const auto event = connection->event.subscribe(
             [&](const auto& each) { heard += each.response_type == XCB_PROPERTY_NOTIFY ? 1 : 0; });
         manager.publish({});
-        EXPECT_TRUE(waitUntil([&] { return heard > 0; }));
+        EXPECT_TRUE(runUntil([&] { return heard > 0; }));
     }
     [[nodiscard]] bool awaitAsleep(bool asleep) {
-        return waitUntil([&] { return displays.isAsleep() == asleep; });
+        return runUntil([&] { return displays.isAsleep() == asleep; });
     }
 
     PlayedWindowManager manager;
@@ -83,7 +73,7 @@ TEST_F(X11DisplaySleepTest, KnowsWhatWasSoBeforeTheStart) {
     forceScreenSaver(XCB_SCREEN_SAVER_ACTIVE);
     stir();
     later.start();
-    EXPECT_TRUE(waitUntil([&] { return later.isAsleep(); }));
+    EXPECT_TRUE(runUntil([&] { return later.isAsleep(); }));
 }
 
 TEST_F(X11DisplaySleepTest, DisplaysThatWakeSilentlyAreFoundOutByTheNextEvent) {
@@ -97,7 +87,7 @@ TEST_F(X11DisplaySleepTest, DisplaysThatWakeSilentlyAreFoundOutByTheNextEvent) {
     stir();
     EXPECT_TRUE(displays.isAsleep());
     PlayedPowerLevel::level = XCB_DPMS_DPMS_MODE_ON;
-    EXPECT_TRUE(waitUntil([&] {
+    EXPECT_TRUE(runUntil([&] {
         stir();
         return !displays.isAsleep();
     }));

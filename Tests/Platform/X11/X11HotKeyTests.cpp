@@ -1,3 +1,4 @@
+#include "Platform/Linux/EventLoop.h"
 #include "Platform/Linux/X11HotKeyCenter.h"
 #include "Platform/Linux/X11KeyCombination.h"
 #include "Platform/X11/PlayedDesktop.h"
@@ -5,6 +6,7 @@
 
 #include <set>
 
+#include <QProcess>
 #include <gtest/gtest.h>
 
 namespace ambrel {
@@ -33,12 +35,6 @@ void run(const QString& program, const QStringList& arguments) {
     EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
 }
 
-void sync(X11Connection& connection) {
-    auto* const raw = connection.raw();
-    const X11Message<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(raw, xcb_get_input_focus(raw), nullptr));
-}
-
 class X11HotKeyTest : public LoggedTest {
 protected:
     X11HotKeyTest() {
@@ -50,10 +46,6 @@ protected:
         connection->start();
     }
 
-    static std::unique_ptr<X11Connection> open() {
-        auto opened = X11Connection::open({}, Seconds(5));
-        return std::move(std::get<std::unique_ptr<X11Connection>>(opened));
-    }
     HotKeyResult registerHotKey() {
         return center.registerHotKey(quitAll, [this] { ++presses; });
     }
@@ -61,17 +53,17 @@ protected:
     [[nodiscard]] bool works(const QString& keys = combination) {
         const int before = presses;
         run("xdotool", {"key", keys});
-        return waitUntil([&] { return presses > before; }) && presses == before + 1;
+        return runUntil([&] { return presses > before; }) && presses == before + 1;
     }
     void changeMap(const QString& program, const QStringList& arguments) {
         const int before = mapChanges;
         run(program, arguments);
         sync(*connection);
-        EXPECT_TRUE(waitUntil([&] { return mapChanges > before; }));
+        EXPECT_TRUE(runUntil([&] { return mapChanges > before; }));
         sync(*connection);
     }
 
-    std::unique_ptr<X11Connection> connection = open();
+    std::unique_ptr<X11Connection> connection = connect();
     X11HotKeyCenter center{*connection};
     Subscription observer;
     int seenPresses = 0;
@@ -117,7 +109,7 @@ TEST_F(X11HotKeyTest, HoldingTheKeyDownIsOnePress) {
     const auto result = registerHotKey();
     run("xset", {"r", "rate", "100", "50"});
     run("xdotool", {"keydown", "super", "keydown", "alt", "keydown", "shift", "keydown", "q"});
-    EXPECT_TRUE(waitUntil([&] { return seenPresses > 5; })) << "the key repeats";
+    EXPECT_TRUE(runUntil([&] { return seenPresses > 5; })) << "the key repeats";
     run("xdotool", {"keyup", "q", "keyup", "shift", "keyup", "alt", "keyup", "super"});
     EXPECT_EQ(presses, 1);
     EXPECT_TRUE(works());
@@ -125,7 +117,7 @@ TEST_F(X11HotKeyTest, HoldingTheKeyDownIsOnePress) {
 
 TEST_F(X11HotKeyTest, FollowsTheKeyboardMap) {
     const auto result = registerHotKey();
-    const Rival rival{open()};
+    const Rival rival{connect()};
     changeMap("setxkbmap", {"fr"});
     EXPECT_TRUE(works());
     EXPECT_TRUE(rival.canGrab(24, 0x49)) << "where Q was before";
@@ -154,8 +146,8 @@ TEST_F(X11HotKeyTest, FollowsTheKeyboardMap) {
 TEST_F(X11HotKeyTest, KeepsItsGrabWhenTheMapChangesElsewhere) {
     const auto result = registerHotKey();
     run("xdotool", {"keydown", "super", "keydown", "alt", "keydown", "shift", "keydown", "q"});
-    ASSERT_TRUE(waitUntil([&] { return presses == 1; }));
-    const Rival rival{open()};
+    ASSERT_TRUE(runUntil([&] { return presses == 1; }));
+    const Rival rival{connect()};
     changeMap("xmodmap", {"-e", "keycode 94 = section"});
     run("xdotool", {"keyup", "q", "keyup", "shift", "keyup", "alt", "keyup", "super"});
     EXPECT_FALSE(rival.canGrab(24, 0x49));
@@ -163,7 +155,7 @@ TEST_F(X11HotKeyTest, KeepsItsGrabWhenTheMapChangesElsewhere) {
 }
 
 TEST_F(X11HotKeyTest, ACombinationThatAnotherProgramHasIsLeftToIt) {
-    const Rival rival{open()};
+    const Rival rival{connect()};
     ASSERT_TRUE(rival.grab(24, 0x4b)) << "with CapsLock only";
     const auto refused = registerHotKey();
     EXPECT_EQ(refused.status, -9878);
@@ -176,7 +168,7 @@ TEST_F(X11HotKeyTest, GivesTheCombinationBack) {
     auto result = registerHotKey();
     result.registration.reset();
     sync(*connection);
-    const Rival rival{open()};
+    const Rival rival{connect()};
     EXPECT_TRUE(rival.canGrab(24, 0x49));
 
     // From within its own call, too.

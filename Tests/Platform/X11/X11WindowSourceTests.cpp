@@ -1,6 +1,8 @@
+#include "Platform/Linux/EventLoop.h"
 #include "Platform/Linux/LinuxMainQueue.h"
 #include "Platform/Linux/X11WindowSource.h"
 #include "Platform/X11/PlayedDesktop.h"
+#include "Support/SampleProcess.h"
 
 #include <algorithm>
 
@@ -14,8 +16,6 @@ protected:
     void SetUp() override {
         manager.announce();
         manager.publish({});
-        auto opened = X11Connection::open({}, Seconds(5));
-        connection = std::move(std::get<std::unique_ptr<X11Connection>>(opened));
         source.emplace(*connection, queue);
         subscriptions.push_back(
             source->didChange.subscribe([this](const WindowChange& change) { changes.push_back(change); }));
@@ -25,10 +25,10 @@ protected:
 
     [[nodiscard]] std::size_t count(ProcessId pid) const { return source->windows(pid).size(); }
     [[nodiscard]] bool awaitCount(ProcessId pid, std::size_t expected) {
-        return waitUntil([&] { return count(pid) == expected; });
+        return runUntil([&] { return count(pid) == expected; });
     }
     [[nodiscard]] bool awaitReadable(bool readable) {
-        return waitUntil([&] { return source->isReadable() == readable; });
+        return runUntil([&] { return source->isReadable() == readable; });
     }
     [[nodiscard]] bool hasVanished() const {
         return std::any_of(changes.begin(), changes.end(),
@@ -36,7 +36,7 @@ protected:
     }
     /// Has one more window published, so that everything before it has arrived when it has.
     void settle(std::vector<xcb_window_t> list) {
-        PlayedClient last;
+        SampleProcess last;
         list.push_back(last.open());
         manager.publish(list);
         ASSERT_TRUE(awaitCount(last.pid(), 1));
@@ -44,14 +44,14 @@ protected:
 
     LinuxMainQueue queue;
     PlayedWindowManager manager;
-    std::unique_ptr<X11Connection> connection;
+    std::unique_ptr<X11Connection> connection = connect();
     std::optional<X11WindowSource> source;
     std::vector<WindowChange> changes;
     std::vector<Subscription> subscriptions;
 };
 
 TEST_F(X11WindowSourceTest, AWindowManagerThatDiesClosesNothing) {
-    PlayedClient client;
+    SampleProcess client;
     const auto window = client.open();
     const auto dialog = client.open("dialog");
     manager.publish({window, dialog});
@@ -74,7 +74,7 @@ TEST_F(X11WindowSourceTest, AWindowManagerThatDiesClosesNothing) {
 }
 
 TEST_F(X11WindowSourceTest, ASuccessorIsTrustedOnceItHasPublished) {
-    PlayedClient client;
+    SampleProcess client;
     const auto window = client.open();
     manager.publish({window});
     ASSERT_TRUE(awaitCount(client.pid(), 1));
@@ -83,7 +83,7 @@ TEST_F(X11WindowSourceTest, ASuccessorIsTrustedOnceItHasPublished) {
     manager.announce();
     bool passed = false;
     queue.asyncAfter(Seconds(0.8), [&] { passed = true; });
-    ASSERT_TRUE(waitUntil([&] { return passed; }));
+    ASSERT_TRUE(runUntil([&] { return passed; }));
     EXPECT_FALSE(source->isReadable()) << "the list that is there is its predecessor's";
     const auto pid = client.pid();
     client.kill();
@@ -93,7 +93,7 @@ TEST_F(X11WindowSourceTest, ASuccessorIsTrustedOnceItHasPublished) {
 }
 
 TEST_F(X11WindowSourceTest, AMalformedListIsNoEmptyListAndADeletedOneClosesNothing) {
-    PlayedClient client;
+    SampleProcess client;
     const auto window = client.open();
     manager.publish({window});
     ASSERT_TRUE(awaitCount(client.pid(), 1));
@@ -104,13 +104,13 @@ TEST_F(X11WindowSourceTest, AMalformedListIsNoEmptyListAndADeletedOneClosesNothi
     ASSERT_TRUE(awaitReadable(true));
 
     manager.removeProperty(manager.root(), X11Atom::netClientList);
-    ASSERT_TRUE(waitUntil([&] { return !source->windows(client.pid()).front().managed; }));
+    ASSERT_TRUE(runUntil([&] { return !source->windows(client.pid()).front().managed; }));
     EXPECT_TRUE(source->isReadable());
     EXPECT_FALSE(hasVanished());
 }
 
 TEST_F(X11WindowSourceTest, OnlyTheServerCanSayThatAWindowIsDestroyed) {
-    PlayedClient client;
+    SampleProcess client;
     const auto window = client.open();
     manager.publish({window});
     ASSERT_TRUE(awaitCount(client.pid(), 1));
@@ -118,7 +118,7 @@ TEST_F(X11WindowSourceTest, OnlyTheServerCanSayThatAWindowIsDestroyed) {
     settle({window});
     EXPECT_EQ(count(client.pid()), 1U);
     manager.publish({});
-    ASSERT_TRUE(waitUntil([&] { return !changes.empty() && changes.back().event == WindowEvent::withdrawn; }));
+    ASSERT_TRUE(runUntil([&] { return !changes.empty() && changes.back().event == WindowEvent::withdrawn; }));
     EXPECT_EQ(count(client.pid()), 1U) << "withdrawn, and alive";
     const auto pid = client.pid();
     client.kill();
@@ -126,11 +126,11 @@ TEST_F(X11WindowSourceTest, OnlyTheServerCanSayThatAWindowIsDestroyed) {
 }
 
 TEST_F(X11WindowSourceTest, AWindowThatLiesBelongsToNobodyAndSpeaksForAll) {
-    PlayedClient honest;
+    SampleProcess honest;
     const auto truth = honest.open();
-    PlayedClient liar({"--pid", QString::number(honest.pid())});
+    SampleProcess liar({"--pid", std::to_string(honest.pid())});
     const auto lie = liar.open();
-    PlayedClient remote({"--machine", "elsewhere.example.org"});
+    SampleProcess remote({"--machine", "elsewhere.example.org"});
     const auto far = remote.open();
     manager.publish({truth, lie, far});
     ASSERT_TRUE(awaitCount(honest.pid(), 2));
@@ -143,14 +143,14 @@ TEST_F(X11WindowSourceTest, AWindowThatLiesBelongsToNobodyAndSpeaksForAll) {
 }
 
 TEST_F(X11WindowSourceTest, AWindowIdThatIsUsedAgainIsAnotherWindow) {
-    PlayedClient first;
+    SampleProcess first;
     const auto window = first.open();
     manager.publish({window});
     ASSERT_TRUE(awaitCount(first.pid(), 1));
     const auto firstPid = first.pid();
     first.kill();
     ASSERT_TRUE(awaitCount(firstPid, 0));
-    PlayedClient second({"--class", "other", "Other"});
+    SampleProcess second({"--class", "other", "Other"});
     ASSERT_EQ(second.open(), window) << "the server gave out another id";
     manager.publish({window});
     ASSERT_TRUE(awaitCount(second.pid(), 1));
@@ -158,7 +158,7 @@ TEST_F(X11WindowSourceTest, AWindowIdThatIsUsedAgainIsAnotherWindow) {
 }
 
 TEST_F(X11WindowSourceTest, PropertiesMayHoldAnything) {
-    PlayedClient client({"--class", QString(3000, 'i'), "c"});
+    SampleProcess client({"--class", std::string(3000, 'i'), "c"});
     const auto window = client.open();
     const auto latin = client.open();
     manager.setProperty(latin, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 8, std::string("caf\xe9\0B\xc3\xa9po", 10) + '\0');
@@ -174,7 +174,7 @@ TEST_F(X11WindowSourceTest, PropertiesMayHoldAnything) {
 }
 
 TEST_F(X11WindowSourceTest, ParentsInACircleHoldNobodyUp) {
-    PlayedClient client;
+    SampleProcess client;
     const auto one = client.open();
     const auto other = client.open();
     for (const auto& [child, parent] : {std::pair(one, other), std::pair(other, one)}) {
@@ -183,15 +183,15 @@ TEST_F(X11WindowSourceTest, ParentsInACircleHoldNobodyUp) {
     }
     manager.publish({one, other});
     manager.setWords(manager.root(), X11Atom::netActiveWindow, XCB_ATOM_WINDOW, {one});
-    EXPECT_TRUE(waitUntil([&] { return source->activeProcess() == client.pid(); }));
+    EXPECT_TRUE(runUntil([&] { return source->activeProcess() == client.pid(); }));
 }
 
 TEST_F(X11WindowSourceTest, ManyWindowsThatVanishAtOnceLeaveNothingBehind) {
-    PlayedClient client;
+    SampleProcess client;
     std::vector<xcb_window_t> list;
     for (int index = 0; index < 40; ++index) {
         list.push_back(client.open());
-        client.command("destroy " + QByteArray::number(index + 1));
+        client.writeLine("destroy " + std::to_string(index + 1));
         manager.publish(list);
     }
     const auto kept = client.open();
