@@ -25,6 +25,13 @@ if(AMBREL_SANITIZE)
   add_link_options(-fsanitize=${AMBREL_SANITIZE})
 endif()
 
+# What qmlcachegen writes is not ours to mend.
+function(ambrel_quiet_generated target)
+  get_target_property(sources ${target} SOURCES)
+  list(FILTER sources INCLUDE REGEX "/qmlcache/")
+  set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -w)
+endfunction()
+
 # One folder is one library; what stands behind it is the law of dependence.
 function(ambrel_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})

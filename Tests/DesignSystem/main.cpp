@@ -1,0 +1,13 @@
+#include "DesignSystem/DesignSystem.h"
+
+#include <QGuiApplication>
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+    testing::InitGoogleTest(&argc, argv);
+    const QGuiApplication application(argc, argv);
+    ambrel::registerDesignSystem();
+    return RUN_ALL_TESTS();
+}
