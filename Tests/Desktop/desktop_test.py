@@ -1,6 +1,7 @@
 """The fixture of the desktop tests: programs that end with their test, and a verdict on Ambrel's own words."""
 import os
 import re
+import signal
 import sys
 import tempfile
 import time
@@ -87,6 +88,19 @@ class DesktopTest(unittest.TestCase):
         wait_until(lambda: ("last-window", action, program.pid) in
                    [(decision.path, decision.action, decision.pid) for decision in ambrel.decisions()],
                    f"{action} is recorded of {program.name}")
+
+    def close_without_quit(self, ambrel, action):
+        """Closes the only window of a new sample, which is taken down as `action` and survives."""
+        subject = self.start_subject(ambrel)
+        subject.say("destroy 1")
+        self.wait_for_decision(ambrel, action, subject)
+        self.assertIsNone(ambrel.find(f"scheduling quit of {SUBJECT} pid {subject.pid} "))
+        return subject
+
+    def freeze(self, pid):
+        """Stopped, not ended; the test's end wakes it."""
+        os.kill(pid, signal.SIGSTOP)
+        self.addCleanup(lambda: os.path.exists(f"/proc/{pid}") and os.kill(pid, signal.SIGCONT))
 
     def check_left_alone(self, ambrel, *programs):
         """By the time a later application has been quit, an earlier one would have been."""

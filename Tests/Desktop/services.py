@@ -1,13 +1,17 @@
 """The services of a session, played by programs that end with their test."""
 import json
+import os
 import pathlib
 
 import dbus
+import dbus.bus
 
 from programs import Program, wait_until
 
 PYTHON, FOLDER = "/usr/bin/python3", pathlib.Path(__file__).resolve().parent
 BUS = "org.freedesktop.DBus"
+# What Ambrel says of the screen.
+LOCKED, UNLOCKED = (f"systemstate: screen {word} — last-window quits " for word in ("locked", "unlocked"))
 LOGIN, LOGIN_PATH = "org.freedesktop.login1", "/org/freedesktop/login1"
 
 
@@ -19,12 +23,13 @@ def process_of(bus, name):
 
 
 class Logind(Program):
-    """Of one session; the given properties are the ones it begins with."""
+    """Of one session; the given properties are the ones it begins with. The environment may name another bus."""
 
-    def __init__(self, **properties):
+    def __init__(self, environment=None, **properties):
+        environment = {**os.environ, **(environment or {})}
         super().__init__([PYTHON, "-B", "-m", "dbusmock", "--system", "--template", str(FOLDER / "logind_mock.py"),
-                          "--parameters", json.dumps(properties)], name="logind")
-        self.bus = dbus.SystemBus(private=True)
+                          "--parameters", json.dumps(properties)], environment=environment, name="logind")
+        self.bus = dbus.bus.BusConnection(environment["DBUS_SYSTEM_BUS_ADDRESS"])
         wait_until(lambda: process_of(self.bus, LOGIN) == self.pid, "logind is there")
 
     def _mock(self, path):

@@ -9,9 +9,8 @@ import dbus
 import desktop_test
 import services
 from desktop_test import SUBJECT, DesktopTest
-from services import Logind, ScreenSaver
+from services import LOCKED, UNLOCKED, Logind, ScreenSaver
 
-LOCKED, UNLOCKED = (f"systemstate: screen {word} — last-window quits " for word in ("locked", "unlocked"))
 WAITING_LIMIT_SECONDS = 1.5
 
 
@@ -21,16 +20,6 @@ class Session(DesktopTest):
 
     def start_saver(self, *arguments):
         return self.keep(ScreenSaver(*arguments))
-
-    def close_without_quit(self, ambrel, action):
-        """Closes the only window of a new sample, which is taken down as `action` and survives."""
-        subject = self.start_sample()
-        subject.open()
-        self.wait_until_attached(ambrel, subject)
-        subject.say("destroy 1")
-        self.wait_for_decision(ambrel, action, subject)
-        self.assertIsNone(ambrel.find(f"scheduling quit of {SUBJECT} pid {subject.pid} "))
-        return subject
 
     def check_trusted_again(self, ambrel, *survivors):
         ambrel.wait_for("engine: system returned to trusted state — rebuilding monitors so restored windows "
@@ -47,11 +36,6 @@ class Session(DesktopTest):
         """Nothing that hangs has held up the start for more than the limit (and a little for the machine)."""
         before, after = ambrel.find("idle: idle monitor started"), ambrel.find("system-state monitor started")
         self.assertLess(after.time - before.time, limit + 0.5)
-
-    def stop(self, pid):
-        """Stopped, not ended; the test's end wakes it."""
-        os.kill(pid, signal.SIGSTOP)
-        self.addCleanup(lambda: os.path.exists(f"/proc/{pid}") and os.kill(pid, signal.SIGCONT))
 
     def test_lock_sleep_wake_unlock(self):
         logind = self.start_logind()
@@ -115,7 +99,7 @@ class Session(DesktopTest):
         ambrel = self.start_ambrel()
         saver.say("on")
         ambrel.wait_for(LOCKED + "SUSPENDED")
-        self.stop(logind.pid)
+        self.freeze(logind.pid)
         saver.stop()
         ambrel.wait_for("has ended while it said that the screen is locked")
         self.close_without_quit(ambrel, "skipped(screen-locked)")
@@ -139,7 +123,7 @@ class Session(DesktopTest):
         for hanging in (lambda logind: logind.pid, lambda logind: services.process_of(logind.bus, services.BUS)):
             logind = self.start_logind()
             pid = hanging(logind)
-            self.stop(pid)
+            self.freeze(pid)
             ambrel = self.start_ambrel()
             self.check_start(ambrel)
             self.assertEqual(1, ambrel.count("logind is not there or doesn't answer"))
@@ -149,23 +133,6 @@ class Session(DesktopTest):
             ambrel.wait_for(LOCKED + "SUSPENDED")
             ambrel.stop()
             logind.stop()
-
-    def test_logind_hangs_later(self):
-        logind = self.start_logind()
-        ambrel = self.start_ambrel()
-        self.stop(logind.pid)
-        self.check_left_alone(ambrel)
-        logind.signal(signal.SIGCONT)
-        logind.update(LockedHint=True)
-        ambrel.wait_for(LOCKED + "SUSPENDED")
-
-    def test_system_bus_dies(self):
-        bus = self.start("dbus-daemon", "--session", "--nofork", "--print-address=1")
-        ambrel = self.start_ambrel(environment={"DBUS_SYSTEM_BUS_ADDRESS": bus.wait_for("unix:").text})
-        bus.stop()
-        ambrel.wait_for("systemstate: connection to the system bus lost")
-        self.check_left_alone(ambrel)
-        self.assertEqual(1, ambrel.count(" lost: "))
 
     def test_nothing_to_watch(self):
         for address in (f"unix:path={self.folder}/no-bus", os.environ["DBUS_SYSTEM_BUS_ADDRESS"]):

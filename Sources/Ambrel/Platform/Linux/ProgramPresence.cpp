@@ -71,11 +71,17 @@ private:
 };
 
 ProgramPresence::ProgramPresence(SessionBus& bus) : bus_(bus) {
-    auto connection = bus_.connection(busLimit);
-    if (!connection) {
-        logger.error("no session bus: other copies of Ambrel can't be seen, and it can't be opened again");
-        return;
+    if (bus_.connection(busLimit)) {
+        claim();
+    } else {
+        logger.error("no session bus answers: other copies of Ambrel can't be seen, and it can't be opened again, "
+                     "until one does");
+        opened_ = bus_.opened.subscribe([this] { claim(); });
     }
+}
+
+void ProgramPresence::claim() {
+    auto connection = bus_.connection();
     object_ = std::make_unique<ApplicationObject>(didReopen);
     connection->registerVirtualObject(programPath, object_.get());
     connection->call(busCall("RequestName") << programName << doNotQueue, QDBus::Block, answerLimitMilliseconds);

@@ -11,7 +11,8 @@ namespace ambrel {
 class SessionBus;
 
 /// This program's own name on the session bus: at most one copy holds it, and opening the program again reaches
-/// that copy. Without a bus there is one log line and nothing else. Main thread only.
+/// that copy. Without a bus there is one log line and nothing else; a bus that answers late is used then. Main thread
+/// only.
 class ProgramPresence {
 public:
     /// Claims the name; waits for the bus up to 1.5 s. `bus` must outlive this object.
@@ -29,8 +30,11 @@ public:
 private:
     class ApplicationObject;
 
+    void claim();
+
     SessionBus& bus_;
     std::unique_ptr<ApplicationObject> object_;
+    Subscription opened_;
 };
 
 } // namespace ambrel

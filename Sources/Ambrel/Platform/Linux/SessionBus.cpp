@@ -1,10 +1,9 @@
 #include "Platform/Linux/SessionBus.h"
 
-#include <condition_variable>
+#include "Platform/Linux/AsyncBus.h"
+
 #include <filesystem>
-#include <mutex>
 #include <string>
-#include <thread>
 
 #include <QUuid>
 
@@ -24,43 +23,49 @@ QString sessionBusAddress() {
 
 } // namespace
 
-struct SessionBus::Attempt {
-    std::mutex mutex;
-    std::condition_variable changed;
-    bool ended = false;
-    std::optional<QDBusConnection> connection;
-
-    void run(const QString& address) {
-        auto opened = QDBusConnection::connectToBus(address, QUuid::createUuid().toString());
-        const std::lock_guard lock(mutex);
-        if (opened.isConnected()) {
-            connection = std::move(opened);
-        }
-        ended = true;
-        changed.notify_all();
-    }
-};
-
 SessionBus::SessionBus() = default;
 
 SessionBus::~SessionBus() {
-    if (const auto bus = connection()) {
-        QDBusConnection::disconnectFromBus(bus->name());
+    if (connection_) {
+        QDBusConnection::disconnectFromBus(connection_->name());
     }
 }
 
 std::optional<QDBusConnection> SessionBus::connection(Seconds limit) {
-    const auto address = attempt_ ? QString() : sessionBusAddress();
-    if (!attempt_) {
-        attempt_ = std::make_shared<Attempt>();
-        attempt_->ended = address.isEmpty();
-        if (!address.isEmpty()) {
-            std::thread([attempt = attempt_, address] { attempt->run(address); }).detach();
-        }
+    if (!asked_) {
+        ask();
     }
-    std::unique_lock lock(attempt_->mutex);
-    attempt_->changed.wait_for(lock, limit, [this] { return attempt_->ended; });
-    return attempt_->connection;
+    AsyncBus::settle({probe_.get()}, limit);
+    if (answered_) {
+        open();
+    }
+    return connection_;
+}
+
+void SessionBus::ask() {
+    asked_ = true;
+    probe_ = AsyncBus::open(AsyncBus::Kind::session);
+    if (!probe_) {
+        return;
+    }
+    probe_->call({"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId", {}},
+                 [this](sd_bus_message*) {
+                     answered_ = true;
+                     // The probe can't end in its own call.
+                     QMetaObject::invokeMethod(&later_, [this] { open(); }, Qt::QueuedConnection);
+                 });
+}
+
+void SessionBus::open() {
+    if (!probe_) {
+        return;
+    }
+    probe_.reset();
+    auto connection = QDBusConnection::connectToBus(sessionBusAddress(), QUuid::createUuid().toString());
+    if (connection.isConnected()) {
+        connection_ = std::move(connection);
+        opened.emit();
+    }
 }
 
 } // namespace ambrel

@@ -1,16 +1,20 @@
 #pragma once
 
 #include "Core/Clock.h"
+#include "Core/Signal.h"
 
 #include <memory>
 #include <optional>
 
 #include <QDBusConnection>
+#include <QObject>
 
 namespace ambrel {
 
-/// The user's session bus. Connecting starts with the first question and happens beside the main thread, so that
-/// a bus that doesn't answer holds nobody up; a bus is never started.
+class AsyncBus;
+
+/// The user's session bus for what is said through Qt. It is asked, with the first question here, whether it answers
+/// at all before Qt connects, which would wait for it; a bus is never started.
 class SessionBus {
 public:
     SessionBus();
@@ -21,9 +25,18 @@ public:
     /// Absent if there is no bus, or it has not answered within `limit` from now.
     [[nodiscard]] std::optional<QDBusConnection> connection(Seconds limit = Seconds(0));
 
+    /// The bus has answered; emitted once.
+    Signal<> opened;
+
 private:
-    struct Attempt;
-    std::shared_ptr<Attempt> attempt_;
+    void ask();
+    void open();
+
+    bool asked_ = false;
+    bool answered_ = false;
+    std::unique_ptr<AsyncBus> probe_; ///< until it is answered
+    std::optional<QDBusConnection> connection_;
+    QObject later_;
 };
 
 } // namespace ambrel
