@@ -105,7 +105,12 @@ INSTANTIATE_TEST_SUITE_P(
                      hide.house().settings.isPaused.set(false);
                  },
                  "paused; cancelled all pending quits"},
-        HeldBack{"Locked", true, [](auto&, auto& desktop, auto&) { desktop.session().screenIsLocked.emit(); }, nullptr},
+        HeldBack{"LockedAndUnlockedLater", true,
+                 [](auto&, auto& desktop, auto&) {
+                     desktop.session().screenIsLocked.emit();
+                     desktop.mainQueue().asyncAfter(Seconds(10), [&] { desktop.session().screenIsUnlocked.emit(); });
+                 },
+                 nullptr},
         HeldBack{"LockedMeanwhile", false, [](auto&, auto& desktop, auto&) { desktop.session().screenIsLocked.emit(); },
                  nullptr},
         HeldBack{"LockedAndUnlockedMeanwhile", false,

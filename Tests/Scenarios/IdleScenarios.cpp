@@ -78,6 +78,9 @@ TEST_F(Idle, OnlyAnExplicitRuleOfARegularApplicationActs) {
     start();
     setIdle(IdleBehavior::quit);
     chooseRule("org.example.None", [](AppRule&) {});
+    auto everyone = AppRule::initialDefaultRule();
+    everyone.idleBehavior = IdleBehavior::quit;
+    house().rules.setDefaultRule(everyone);
     for (const auto& app : {&desktop.launch("org.example.None", "None"), &desktop.launch("org.example.Other", "Other"),
                             &desktop.launch(std::nullopt, "Nameless"),
                             &desktop.launch("org.example.Editor", "Panel", {.policy = ActivationPolicy::accessory})}) {
@@ -139,8 +142,9 @@ TEST_F(Idle, WithoutAnEntryItReadsAsNotIdleSoOnlyALimitOfZeroActs) {
     EXPECT_THAT(decisions(), ElementsAre("idle terminated Editor idle=0s"));
 }
 
-TEST_F(Idle, APauseOnlyPostponesAndALockDoesNotEvenThat) {
+TEST_F(Idle, APauseOnlyPostponesAndALockOrAnExclusionDoesNotEvenThat) {
     start();
+    house().settings.userExcludedBundleIDs.set({"org.example.Editor"});
     setIdle(IdleBehavior::quit);
     launchBehind();
     house().settings.isPaused.set(true);
