@@ -57,6 +57,17 @@ void PlayedWindowManager::removeProperty(xcb_window_t window, X11Atom property) 
     sync(*connection_);
 }
 
+xcb_window_t PlayedWindowManager::frame(xcb_window_t window, std::uint16_t width, std::uint16_t height) {
+    auto* const raw = connection_->raw();
+    const auto frame = xcb_generate_id(raw);
+    xcb_create_window(raw, XCB_COPY_FROM_PARENT, frame, root(), 0, 0, width, height, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                      XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_reparent_window(raw, window, frame, 0, 0);
+    xcb_map_window(raw, frame);
+    sync(*connection_);
+    return frame;
+}
+
 void PlayedWindowManager::forgeDestruction(xcb_window_t window) {
     // The protocol sends every event as 32 bytes.
     union {

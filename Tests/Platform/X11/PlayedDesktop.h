@@ -26,6 +26,8 @@ public:
     void setProperty(xcb_window_t window, xcb_atom_t property, xcb_atom_t type, int format, const std::string& bytes);
     void setWords(xcb_window_t window, X11Atom property, xcb_atom_t type, const std::vector<std::uint32_t>& words);
     void removeProperty(xcb_window_t window, X11Atom property);
+    /// Puts `window` into a frame on the screen, of this size, and returns the frame.
+    xcb_window_t frame(xcb_window_t window, std::uint16_t width, std::uint16_t height);
     /// Claims in the server's name that `window` was destroyed.
     void forgeDestruction(xcb_window_t window);
 

@@ -22,33 +22,55 @@ using Level = std::vector<Step>;
 
 using Tree = X11Message<xcb_query_tree_reply_t>;
 
-class Search {
+/// Goes up from managed clients: a step or two each, of however many parts their frames are made.
+class Climb {
 public:
-    Search(X11Connection& connection, X11WindowMirror& mirror, std::span<const xcb_window_t> tops)
-        : connection_(connection), mirror_(mirror) {
-        for (const auto top : tops) {
-            const auto* const known = mirror.findByTop(top);
-            clients_[top] = known != nullptr ? known->window.id : xcb_window_t{XCB_WINDOW_NONE};
-        }
-    }
+    Climb(X11Connection& connection, X11WindowMirror& mirror) : connection_(connection), mirror_(mirror) {}
 
-    /// Goes up from the managed clients whose way is not known: a step or two each, of however many parts their
-    /// frames are made.
-    void climb() {
+    void run(std::span<const xcb_window_t> clients) {
         Level level;
-        for (const auto client : mirror_.clientList()) {
-            const auto* const window = mirror_.find(client);
-            if (window != nullptr && window->top == XCB_WINDOW_NONE) {
-                level.push_back({client, client});
-            }
+        for (const auto client : clients) {
+            level.push_back({client, client});
         }
         for (int depth = 0; depth < deepestLevel && !level.empty(); ++depth) {
             level = climbOnce(level);
         }
     }
 
-    /// Goes down from where no known client is, to one that the mirror has not taken up yet.
-    void descend() {
+private:
+    Level climbOnce(const Level& level) {
+        std::vector<xcb_query_tree_cookie_t> cookies;
+        for (const auto& step : level) {
+            cookies.push_back(xcb_query_tree(connection_.raw(), step.window));
+        }
+        Level next;
+        for (std::size_t index = 0; index < level.size(); ++index) {
+            const Tree tree(xcb_query_tree_reply(connection_.raw(), cookies[index], nullptr));
+            if (tree && tree->parent == connection_.root()) {
+                mirror_.rememberTop(level[index].origin, level[index].window);
+            } else if (tree && tree->parent != XCB_WINDOW_NONE) {
+                next.push_back({level[index].origin, tree->parent});
+            }
+        }
+        return next;
+    }
+
+    X11Connection& connection_;
+    X11WindowMirror& mirror_;
+};
+
+/// Goes down from children of the root under which no known client is, to one that has not been placed yet.
+class Descent {
+public:
+    Descent(X11Connection& connection, const X11WindowMirror& mirror, std::span<const xcb_window_t> tops)
+        : connection_(connection) {
+        for (const auto top : tops) {
+            const auto* const known = mirror.findByTop(top);
+            clients_[top] = known != nullptr ? known->window.id : xcb_window_t{XCB_WINDOW_NONE};
+        }
+    }
+
+    void run() {
         Level level;
         for (const auto& [top, client] : clients_) {
             if (client == XCB_WINDOW_NONE) {
@@ -63,31 +85,6 @@ public:
     [[nodiscard]] X11Clients take() && { return std::move(clients_); }
 
 private:
-    Level climbOnce(const Level& level) {
-        std::vector<xcb_query_tree_cookie_t> cookies;
-        for (const auto& step : level) {
-            cookies.push_back(xcb_query_tree(connection_.raw(), step.window));
-        }
-        Level next;
-        for (std::size_t index = 0; index < level.size(); ++index) {
-            const Tree tree(xcb_query_tree_reply(connection_.raw(), cookies[index], nullptr));
-            if (tree && tree->parent == connection_.root()) {
-                arrive(level[index]);
-            } else if (tree && tree->parent != XCB_WINDOW_NONE) {
-                next.push_back({level[index].origin, tree->parent});
-            }
-        }
-        return next;
-    }
-
-    /// The way up from a client ends at this child of the root.
-    void arrive(const Step& step) {
-        mirror_.rememberTop(step.origin, step.window);
-        if (const auto top = clients_.find(step.window); top != clients_.end()) {
-            top->second = step.origin;
-        }
-    }
-
     Level descendOnce(const Level& level) {
         struct Question {
             Step step;
@@ -122,17 +119,20 @@ private:
     }
 
     X11Connection& connection_;
-    X11WindowMirror& mirror_;
     X11Clients clients_;
 };
 
 } // namespace
 
-X11Clients findX11Clients(X11Connection& connection, X11WindowMirror& mirror, std::span<const xcb_window_t> tops) {
-    Search search(connection, mirror, tops);
-    search.climb();
-    search.descend();
-    return std::move(search).take();
+void placeX11Clients(X11Connection& connection, X11WindowMirror& mirror) {
+    Climb(connection, mirror).run(mirror.takeUnplaced());
+}
+
+X11Clients findX11Clients(X11Connection& connection, const X11WindowMirror& mirror,
+                          std::span<const xcb_window_t> tops) {
+    Descent descent(connection, mirror, tops);
+    descent.run();
+    return std::move(descent).take();
 }
 
 } // namespace ambrel

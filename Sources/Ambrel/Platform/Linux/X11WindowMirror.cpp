@@ -42,6 +42,7 @@ void X11WindowMirror::listed(xcb_window_t id) {
     }
     known->second.window.managed = true;
     changed_.insert(id);
+    unplaced_.insert(id);
     report(WindowEvent::appeared, known->second.ownership, known->second.window);
 }
 
@@ -87,7 +88,20 @@ void X11WindowMirror::noteDestroyed(xcb_window_t window) {
 void X11WindowMirror::noteReparented(xcb_window_t window) {
     if (const auto known = windows_.find(window); known != windows_.end()) {
         forgetTop(known->second);
+        unplaced_.insert(window);
     }
+}
+
+std::vector<xcb_window_t> X11WindowMirror::takeUnplaced() {
+    std::vector<xcb_window_t> clients;
+    for (const auto id : std::exchange(unplaced_, {})) {
+        // One that is on its way out is not worth a question.
+        const auto* const window = find(id);
+        if (window != nullptr && window->window.managed && window->top == XCB_WINDOW_NONE) {
+            clients.push_back(id);
+        }
+    }
+    return clients;
 }
 
 void X11WindowMirror::rememberTop(xcb_window_t client, xcb_window_t top) {
@@ -166,6 +180,7 @@ void X11WindowMirror::insert(xcb_window_t id, const X11PresentationReading& show
     }
     report(WindowEvent::appeared, window.ownership, window.window);
     windows_.insert_or_assign(id, std::move(window));
+    unplaced_.insert(id);
 }
 
 void X11WindowMirror::present(X11Window& window, const X11PresentationReading& shown) {

@@ -36,6 +36,9 @@ public:
     void noteProperty(xcb_window_t window, xcb_atom_t property);
     void noteDestroyed(xcb_window_t window);
     void noteReparented(xcb_window_t window);
+    /// Managed windows whose top has to be looked for, as they are new or have got another parent. Each is given
+    /// out once.
+    [[nodiscard]] std::vector<xcb_window_t> takeUnplaced();
     /// `top` was found to be, or to frame, `client`.
     void rememberTop(xcb_window_t client, xcb_window_t top);
     /// Reads everything that is new or has changed, all of it in one exchange with the server.
@@ -69,6 +72,7 @@ private:
     std::vector<xcb_window_t> list_;
     std::vector<xcb_window_t> unread_;
     std::unordered_set<xcb_window_t> changed_;
+    std::unordered_set<xcb_window_t> unplaced_;
     std::unordered_map<xcb_window_t, X11Window> windows_;
     std::unordered_map<xcb_window_t, xcb_window_t> clientsByTop_;
     std::unordered_map<ProcessId, std::vector<xcb_window_t>> ofProcess_;

@@ -1,5 +1,7 @@
 #include "Platform/Linux/X11WindowSource.h"
 
+#include "Platform/Linux/X11ClientSearch.h"
+
 #include <array>
 #include <utility>
 
@@ -83,6 +85,8 @@ void X11WindowSource::update() {
         mirror_.refresh();
         emitChanges();
         readActiveWindow();
+        // While nobody waits for it, so that a question about what is on the screen need not.
+        placeX11Clients(connection_, mirror_);
     }
 }
 
