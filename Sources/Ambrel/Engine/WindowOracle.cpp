@@ -41,6 +41,9 @@ std::optional<std::ptrdiff_t> WindowOracle::windowCount(ProcessId pid) const {
     if (!windows) {
         return std::nullopt;
     }
+    if (windows->empty()) {
+        return 0;
+    }
     const auto displays = displayBounds();
     return std::count_if(windows->begin(), windows->end(),
                          [&](const WindowInfo& window) { return isWindowOf(pid, window, displays); });

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <unordered_map>
 #include <utility>
 
 #include <xcb/randr.h>
@@ -18,6 +19,7 @@ constexpr int desktopLayer = -1;
 constexpr int applicationLayer = 0;
 constexpr int panelLayer = 20;
 constexpr int overlayLayer = 101;
+constexpr auto opaque = std::numeric_limits<std::uint32_t>::max();
 
 std::optional<Rect> bounds(const X11Message<xcb_get_geometry_reply_t>& geometry) {
     if (!geometry) {
@@ -43,42 +45,32 @@ int layerOfKind(WindowKind kind) {
     }
 }
 
-/// What is still to be asked about one window on the screen.
-class DetailQuery {
-public:
-    DetailQuery(X11Connection& connection, const X11WindowMirror& mirror, xcb_window_t top, xcb_window_t client)
-        : known_(mirror.find(client)), topOpacity_(connection, top, connection.atom(X11Atom::netWmWindowOpacity), 4),
-          clientOpacity_(connection, client, connection.atom(X11Atom::netWmWindowOpacity), 4) {
-        if (known_ == nullptr) {
-            owner_.emplace(connection, client);
-        }
-    }
-
-    [[nodiscard]] std::optional<ProcessId> takeOwner() const {
-        if (owner_) {
-            return owner_->take();
-        }
-        const auto& ownership = known_->ownership;
-        return ownership.process || ownership.suspects.empty() ? ownership.process : ownership.suspects.front();
-    }
-
-    [[nodiscard]] double takeAlpha() const {
-        const auto ofTop = topOpacity_.take().word();
-        const auto ofClient = clientOpacity_.take().word();
-        constexpr auto opaque = std::numeric_limits<std::uint32_t>::max();
-        return static_cast<double>(ofClient.value_or(ofTop.value_or(opaque))) / opaque;
-    }
-
-private:
-    const X11Window* known_;
-    std::optional<X11OwnerQuery> owner_;
-    X11PropertyRequest topOpacity_;
-    X11PropertyRequest clientOpacity_;
-};
+std::optional<ProcessId> likelyOwner(const WindowOwnership& ownership) {
+    return ownership.process || ownership.suspects.empty() ? ownership.process : ownership.suspects.front();
+}
 
 } // namespace
 
-X11WindowServer::X11WindowServer(X11Connection& connection, X11WindowMirror& mirror)
+struct X11WindowServer::Details {
+    std::optional<ProcessId> owner;
+    std::optional<std::uint32_t> opacity;
+};
+
+/// A read of what is asked about one window on the screen, be it a frame or a client.
+class X11WindowServer::DetailQuery {
+public:
+    DetailQuery(X11Connection& connection, xcb_window_t window)
+        : owner_(connection, window), opacity_(connection, window, connection.atom(X11Atom::netWmWindowOpacity), 4) {}
+
+    /// Call it exactly once.
+    [[nodiscard]] Details take() const { return {owner_.take(), opacity_.take().word()}; }
+
+private:
+    X11OwnerQuery owner_;
+    X11PropertyRequest opacity_;
+};
+
+X11WindowServer::X11WindowServer(X11Connection& connection, const X11WindowMirror& mirror)
     : connection_(connection), mirror_(mirror) {}
 
 std::optional<std::vector<WindowInfo>> X11WindowServer::onScreenWindows(ProcessId owner) const {
@@ -86,23 +78,39 @@ std::optional<std::vector<WindowInfo>> X11WindowServer::onScreenWindows(ProcessI
     if (!tops) {
         return std::nullopt;
     }
+    // Asked before the search, whose first exchange with the server then brings these answers as well.
     std::vector<xcb_window_t> ids;
-    std::transform(tops->begin(), tops->end(), std::back_inserter(ids), [](const Top& top) { return top.window; });
+    std::vector<DetailQuery> ofTops;
+    for (const auto& top : *tops) {
+        ids.push_back(top.window);
+        ofTops.emplace_back(connection_, top.window);
+    }
     const auto clients = findX11Clients(connection_, mirror_, ids);
-    std::vector<DetailQuery> details;
-    for (const auto id : ids) {
-        const auto client = clients.at(id);
-        details.emplace_back(connection_, mirror_, id, client != XCB_WINDOW_NONE ? client : id);
+    std::unordered_map<xcb_window_t, DetailQuery> ofFramed;
+    for (const auto& [top, client] : clients) {
+        if (client != XCB_WINDOW_NONE && client != top) {
+            ofFramed.emplace(top, DetailQuery(connection_, client));
+        }
     }
     std::vector<WindowInfo> list;
     for (std::size_t index = 0; index < ids.size(); ++index) {
         const auto& top = (*tops)[index];
-        list.push_back({.ownerPID = details[index].takeOwner(),
-                        .layer = layer(top, clients.at(top.window)),
-                        .alpha = details[index].takeAlpha(),
-                        .bounds = top.bounds});
+        const Details ofTop = ofTops[index].take();
+        const auto framed = ofFramed.find(top.window);
+        list.push_back(
+            info(top, clients.at(top.window), ofTop, framed != ofFramed.end() ? framed->second.take() : ofTop));
     }
+    std::erase_if(list, [owner](const WindowInfo& window) { return window.ownerPID && window.ownerPID != owner; });
     return list;
+}
+
+WindowInfo X11WindowServer::info(const Top& top, xcb_window_t client, const Details& ofTop,
+                                 const Details& ofClient) const {
+    const auto* const known = mirror_.find(client);
+    return {.ownerPID = known != nullptr ? likelyOwner(known->ownership) : ofClient.owner,
+            .layer = layer(top, client),
+            .alpha = static_cast<double>(ofClient.opacity.value_or(ofTop.opacity.value_or(opaque))) / opaque,
+            .bounds = top.bounds};
 }
 
 std::optional<std::vector<X11WindowServer::Top>> X11WindowServer::visibleTops(ProcessId owner) const {

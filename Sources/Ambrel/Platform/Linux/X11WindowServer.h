@@ -14,7 +14,7 @@ class X11WindowMirror;
 class X11WindowServer final : public WindowServer {
 public:
     /// Both must outlive this object.
-    X11WindowServer(X11Connection& connection, X11WindowMirror& mirror);
+    X11WindowServer(X11Connection& connection, const X11WindowMirror& mirror);
 
     [[nodiscard]] std::optional<std::vector<WindowInfo>> onScreenWindows(ProcessId owner) const override;
     [[nodiscard]] std::optional<std::vector<Rect>> onlineDisplays(std::size_t limit) const override;
@@ -25,14 +25,18 @@ private:
         bool overrideRedirect;
         std::optional<Rect> bounds;
     };
+    struct Details;
+    class DetailQuery;
     [[nodiscard]] std::optional<std::vector<Top>> visibleTops(ProcessId owner) const;
     [[nodiscard]] bool belongsToAnother(xcb_window_t top, ProcessId owner) const;
+    [[nodiscard]] WindowInfo info(const Top& top, xcb_window_t client, const Details& ofTop,
+                                  const Details& ofClient) const;
     [[nodiscard]] int layer(const Top& top, xcb_window_t client) const;
     [[nodiscard]] std::optional<std::vector<Rect>> monitors() const;
     [[nodiscard]] std::optional<Rect> screenBounds() const;
 
     X11Connection& connection_;
-    X11WindowMirror& mirror_;
+    const X11WindowMirror& mirror_;
 };
 
 } // namespace ambrel
