@@ -20,11 +20,14 @@ SerialQueue::~SerialQueue() {
 }
 
 void SerialQueue::async(std::function<void()> work) {
-    const std::lock_guard lock(mutex_);
-    works_.push_back(std::move(work));
-    if (!thread_.joinable()) {
-        thread_ = std::thread([this] { run(); });
+    {
+        const std::lock_guard lock(mutex_);
+        works_.push_back(std::move(work));
+        if (!thread_.joinable()) {
+            thread_ = std::thread([this] { run(); });
+        }
     }
+    // With the lock held, the thread would wake up only to wait for it.
     changed_.notify_all();
 }
 
