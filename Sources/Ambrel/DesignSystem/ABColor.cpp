@@ -105,6 +105,10 @@ QColor ABColor::controlEdge() {
     return ink(0.14F, 0.14F, 0.5F);
 }
 
+QColor ABColor::raised() {
+    return either(0xFFFFFF, 0x64646C);
+}
+
 QColor ABColor::knob() {
     return Qt::white;
 }

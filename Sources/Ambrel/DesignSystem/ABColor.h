@@ -31,6 +31,7 @@ class ABColor : public QObject {
     Q_PROPERTY(QColor materialEdge READ materialEdge NOTIFY adapted)
     Q_PROPERTY(QColor control READ control NOTIFY adapted)
     Q_PROPERTY(QColor controlEdge READ controlEdge NOTIFY adapted)
+    Q_PROPERTY(QColor raised READ raised NOTIFY adapted)
     Q_PROPERTY(QColor knob READ knob CONSTANT)
     Q_PROPERTY(QColor shadow READ shadow NOTIFY adapted)
 
@@ -55,10 +56,11 @@ public:
     /// What stands in for glass, and the line along its inside.
     [[nodiscard]] static QColor material();
     [[nodiscard]] static QColor materialEdge();
-    /// What can be pressed, on any surface: its body, its outline, the knob of a switch, and what that throws under
-    /// itself.
+    /// What can be pressed, on any surface: its body, its outline, the chosen one of several, the knob of a switch, and
+    /// what that throws under itself.
     [[nodiscard]] static QColor control();
     [[nodiscard]] static QColor controlEdge();
+    [[nodiscard]] static QColor raised();
     [[nodiscard]] static QColor knob();
     [[nodiscard]] static QColor shadow();
 

@@ -19,26 +19,32 @@ Item {
     implicitWidth: symbolRoom + words.implicitWidth
     implicitHeight: Math.max(words.implicitHeight, symbolRoom > 0 ? sign.implicitHeight : 0)
 
-    ABSymbol {
-        id: sign
+    Item {
+        anchors.left: root.centered ? undefined : parent.left
+        anchors.horizontalCenter: root.centered ? parent.horizontalCenter : undefined
+        width: Math.min(root.width, root.implicitWidth)
+        height: parent.height
 
-        anchors.left: parent.left
-        anchors.leftMargin: root.centered ? Math.max(0, Math.round((root.width - root.implicitWidth) / 2)) : 0
-        anchors.verticalCenter: parent.verticalCenter
-        visible: root.symbolRoom > 0
-        size: Math.round(16 * words.textScale)
-        color: root.symbolColor
-    }
+        ABSymbol {
+            id: sign
 
-    ABText {
-        id: words
+            anchors.left: parent.left
+            anchors.verticalCenter: parent.verticalCenter
+            visible: root.symbolRoom > 0
+            size: Math.round(16 * words.textScale)
+            color: root.symbolColor
+        }
 
-        anchors.left: parent.left
-        anchors.leftMargin: sign.anchors.leftMargin + root.symbolRoom
-        anchors.right: parent.right
-        anchors.verticalCenter: parent.verticalCenter
-        style: ABFont.bodyMedium
-        color: root.color
-        Accessible.ignored: true
+        ABText {
+            id: words
+
+            anchors.left: parent.left
+            anchors.leftMargin: root.symbolRoom
+            anchors.right: parent.right
+            anchors.verticalCenter: parent.verticalCenter
+            style: ABFont.bodyMedium
+            color: root.color
+            Accessible.ignored: true
+        }
     }
 }
