@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include <unistd.h>
+
 namespace ambrel {
 
 AllTrayItems::AllTrayItems(std::vector<TrayItems*> kinds) : kinds_(std::move(kinds)) {
@@ -12,7 +14,8 @@ AllTrayItems::AllTrayItems(std::vector<TrayItems*> kinds) : kinds_(std::move(kin
 }
 
 bool AllTrayItems::owns(ProcessId pid) const {
-    return std::any_of(kinds_.begin(), kinds_.end(), [pid](const TrayItems* kind) { return kind->owns(pid); });
+    return pid != ::getpid() &&
+           std::any_of(kinds_.begin(), kinds_.end(), [pid](const TrayItems* kind) { return kind->owns(pid); });
 }
 
 } // namespace ambrel

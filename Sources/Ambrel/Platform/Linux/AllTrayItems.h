@@ -6,7 +6,7 @@
 
 namespace ambrel {
 
-/// The icons of several kinds of tray, taken together.
+/// The icons of several kinds of tray, taken together; not the one of this program.
 class AllTrayItems final : public TrayItems {
 public:
     /// They must outlive this object.

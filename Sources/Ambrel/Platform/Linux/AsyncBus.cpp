@@ -90,6 +90,24 @@ void AsyncBus::subscribe(const std::string& rule, Handler handler) {
     awaitWriting();
 }
 
+void AsyncBus::offer(const std::string& path, const std::string& interface, const sd_bus_vtable* table, void* object) {
+    sd_bus_add_object_vtable(bus_.get(), nullptr, path.c_str(), interface.c_str(), table, object);
+}
+
+void AsyncBus::emitSignal(const std::string& path, const std::string& interface, const std::string& name,
+                          const Handler& fill) {
+    sd_bus_message* message = nullptr;
+    if (isLost_ || sd_bus_message_new_signal(bus_.get(), &message, path.c_str(), interface.c_str(), name.c_str()) < 0) {
+        return;
+    }
+    if (fill) {
+        fill(message);
+    }
+    sd_bus_send(bus_.get(), message, nullptr);
+    sd_bus_message_unref(message);
+    awaitWriting();
+}
+
 void AsyncBus::settle(std::initializer_list<AsyncBus*> buses, Seconds limit) {
     const QDeadlineTimer deadline(std::chrono::ceil<std::chrono::milliseconds>(limit));
     std::vector<AsyncBus*> open(buses);
@@ -131,6 +149,10 @@ void AsyncBus::lose() {
     reading_->setEnabled(false);
     writing_->setEnabled(false);
     lost.emit();
+}
+
+bool isError(sd_bus_message* message) {
+    return sd_bus_message_is_method_error(message, nullptr) > 0;
 }
 
 std::optional<bool> readBoolean(sd_bus_message* message) {

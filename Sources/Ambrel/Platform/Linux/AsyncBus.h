@@ -44,6 +44,13 @@ public:
     /// Hears the signals that match the rule, in the bus's own words.
     void subscribe(const std::string& rule, Handler handler);
 
+    /// Offers an interface of an object, as long as this bus lives; the table and the object must live as long. A
+    /// message handler of the table must not destroy the bus.
+    void offer(const std::string& path, const std::string& interface, const sd_bus_vtable* table, void* object);
+    /// `fill` appends what the signal tells.
+    void emitSignal(const std::string& path, const std::string& interface, const std::string& name,
+                    const Handler& fill = {});
+
     /// Delivers what arrives until every call on these buses is answered, for `limit` at most. Null is no bus.
     static void settle(std::initializer_list<AsyncBus*> buses, Seconds limit);
 
@@ -69,6 +76,8 @@ private:
     bool isLost_ = false;
 };
 
+/// The answer to a call is an error.
+[[nodiscard]] bool isError(sd_bus_message* message);
 /// The Boolean that is next in the message.
 [[nodiscard]] std::optional<bool> readBoolean(sd_bus_message* message);
 /// The text, or object path, that is next in the message.

@@ -22,6 +22,7 @@
 #include "Platform/Linux/X11Connection.h"
 #include "Platform/Linux/X11HotKeyCenter.h"
 #include "Platform/Linux/X11TrayItems.h"
+#include "Platform/Linux/X11TraySelection.h"
 #include "Platform/Linux/X11WindowServer.h"
 #include "Platform/Linux/X11WindowSource.h"
 #include "Platform/Linux/XdgFileLocations.h"
@@ -61,7 +62,8 @@ struct LinuxPlatform::Parts {
     std::unique_ptr<X11Connection> connection;
     X11WindowSource windows{*connection, queue};
     X11WindowServer windowServer{*connection, windows.mirror()};
-    X11TrayItems x11Tray{*connection, windows.mirror()};
+    X11TraySelection traySelection{*connection};
+    X11TrayItems x11Tray{*connection, traySelection, windows.mirror()};
     SniTrayItems sniTray;
     AllTrayItems tray{{&x11Tray, &sniTray}};
     SessionBus bus;
@@ -74,7 +76,9 @@ struct LinuxPlatform::Parts {
     LinuxSession session{*connection};
     X11HotKeyCenter hotKeys{*connection};
     LinuxNotificationCenter notifications{bus, queue};
-    LinuxStatusBar statusBar;
+    LinuxStatusBar statusBar{{*connection, traySelection, windowServer, queue, [] {
+                                  return true;
+                              }}};
     ThreadBackgroundQueue background;
     Subscription lost;
     Subscription offered;

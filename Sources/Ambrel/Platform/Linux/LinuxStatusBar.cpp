@@ -1,26 +1,13 @@
 #include "Platform/Linux/LinuxStatusBar.h"
 
+#include "Platform/Linux/LinuxStatusItem.h"
+
+#include <utility>
+
 namespace ambrel {
 
-namespace {
-
-class UnshownItem final : public StatusItem {
-public:
-    void setImage(IconPicture) override {}
-    void setTint(std::optional<IconTint>) override {}
-    void setMenu(std::vector<StatusMenuEntry>) override {}
-    void setVisible(bool visible) override { visible_ = visible; }
-    [[nodiscard]] bool isVisible() const override { return visible_; }
-    [[nodiscard]] StatusItemPlace place() const override { return {}; }
-
-private:
-    bool visible_ = true;
-};
-
-} // namespace
-
-std::shared_ptr<StatusItem> LinuxStatusBar::makeItem(std::string, std::string) {
-    return std::make_shared<UnshownItem>();
+std::shared_ptr<StatusItem> LinuxStatusBar::makeItem(std::string identifier, std::string title) {
+    return std::make_shared<LinuxStatusItem>(services_, panelDidChange, std::move(identifier), std::move(title));
 }
 
 } // namespace ambrel

@@ -16,6 +16,8 @@ enum class X11Atom : std::size_t {
     netSupportingWmCheck,
     netClientList,
     netActiveWindow,
+    netWorkarea,
+    netCurrentDesktop,
     netCloseWindow,
     netWmPid,
     netWmState,
@@ -40,6 +42,12 @@ enum class X11Atom : std::size_t {
     gtkApplicationId,
     gtkUniqueBusName,
     gtkApplicationObjectPath,
+    netSystemTrayOpcode,
+    netSystemTrayVisual,
+    netSystemTrayColors,
+    netSystemTrayOrientation,
+    xembedInfo,
+    netWmName,
 };
 
 inline constexpr auto x11AtomNames = std::to_array<std::string_view>({
@@ -51,6 +59,8 @@ inline constexpr auto x11AtomNames = std::to_array<std::string_view>({
     "_NET_SUPPORTING_WM_CHECK",
     "_NET_CLIENT_LIST",
     "_NET_ACTIVE_WINDOW",
+    "_NET_WORKAREA",
+    "_NET_CURRENT_DESKTOP",
     "_NET_CLOSE_WINDOW",
     "_NET_WM_PID",
     "_NET_WM_STATE",
@@ -75,8 +85,14 @@ inline constexpr auto x11AtomNames = std::to_array<std::string_view>({
     "_GTK_APPLICATION_ID",
     "_GTK_UNIQUE_BUS_NAME",
     "_GTK_APPLICATION_OBJECT_PATH",
+    "_NET_SYSTEM_TRAY_OPCODE",
+    "_NET_SYSTEM_TRAY_VISUAL",
+    "_NET_SYSTEM_TRAY_COLORS",
+    "_NET_SYSTEM_TRAY_ORIENTATION",
+    "_XEMBED_INFO",
+    "_NET_WM_NAME",
 });
 
-static_assert(x11AtomNames.size() == static_cast<std::size_t>(X11Atom::gtkApplicationObjectPath) + 1);
+static_assert(x11AtomNames.size() == static_cast<std::size_t>(X11Atom::netWmName) + 1);
 
 } // namespace ambrel

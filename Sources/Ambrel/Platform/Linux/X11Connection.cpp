@@ -121,7 +121,7 @@ std::vector<X11Atom> X11Connection::names(std::span<const xcb_atom_t> atoms) con
 void X11Connection::selectEvents(xcb_window_t window, std::uint32_t mask, X11Listener listener) {
     auto& masks = selected_[window];
     masks[static_cast<std::size_t>(listener)] = mask;
-    const std::uint32_t all = masks[0] | masks[1];
+    const std::uint32_t all = masks[0] | masks[1] | masks[2];
     if (all == XCB_EVENT_MASK_NO_EVENT) {
         selected_.erase(window);
     }

@@ -29,7 +29,7 @@ struct FreeDeleter {
 template <typename Message> using X11Message = std::unique_ptr<Message, FreeDeleter>;
 
 /// On whose behalf a window's events are asked for.
-enum class X11Listener { windows, tray };
+enum class X11Listener { windows, tray, statusItem };
 
 /// Our own connection to the X server, pumped by the event loop.
 class X11Connection {
@@ -83,7 +83,7 @@ private:
     xcb_connection_t* connection_;
     xcb_screen_t* screen_ = nullptr;
     int screenNumber_;
-    std::unordered_map<xcb_window_t, std::array<std::uint32_t, 2>> selected_; ///< by listener
+    std::unordered_map<xcb_window_t, std::array<std::uint32_t, 3>> selected_; ///< by listener
     std::vector<xcb_atom_t> atoms_;
     bool hasResource_ = false;
     bool hasMonitors_ = false;

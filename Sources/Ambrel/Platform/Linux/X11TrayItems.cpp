@@ -7,14 +7,11 @@
 #include <algorithm>
 #include <utility>
 
-#include <fmt/core.h>
-#include <xcb/xfixes.h>
-
 namespace ambrel {
 
-X11TrayItems::X11TrayItems(X11Connection& connection, const X11WindowMirror& mirror)
-    : connection_(connection), mirror_(mirror) {
-    watchSelection();
+X11TrayItems::X11TrayItems(X11Connection& connection, X11TraySelection& selection, const X11WindowMirror& mirror)
+    : connection_(connection), selection_(selection), mirror_(mirror) {
+    subscriptions_.push_back(selection_.didChange.subscribe([this] { scan(); }));
     subscriptions_.push_back(connection_.event.subscribe([this](const auto& event) { handle(event); }));
     subscriptions_.push_back(connection_.drained.subscribe([this] {
         if (std::exchange(changed_, false)) {
@@ -30,32 +27,7 @@ bool X11TrayItems::owns(ProcessId pid) const {
                        [&](const auto& icon) { return icon.second == pid && mirror_.find(icon.first) == nullptr; });
 }
 
-void X11TrayItems::watchSelection() {
-    auto* const raw = connection_.raw();
-    const auto name = fmt::format("_NET_SYSTEM_TRAY_S{}", connection_.screenNumber());
-    const X11Message<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
-        raw, xcb_intern_atom(raw, 0, static_cast<std::uint16_t>(name.size()), name.c_str()), nullptr));
-    const auto* const fixes = xcb_get_extension_data(raw, &xcb_xfixes_id);
-    selection_ = atom ? atom->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
-    if (fixes == nullptr || fixes->present == 0) {
-        return;
-    }
-    // A client that doesn't say which version it speaks is refused.
-    const X11Message<xcb_xfixes_query_version_reply_t> version(
-        xcb_xfixes_query_version_reply(raw, xcb_xfixes_query_version(raw, 1, 0), nullptr));
-    selectionEvent_ = static_cast<std::uint8_t>(fixes->first_event + XCB_XFIXES_SELECTION_NOTIFY);
-    xcb_xfixes_select_selection_input(raw, connection_.root(), selection_,
-                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
-                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
-                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
-}
-
 void X11TrayItems::handle(const xcb_generic_event_t& event) {
-    if (event.response_type == selectionEvent_ && selectionEvent_ != 0) {
-        const auto& notify = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(event);
-        changed_ = changed_ || notify.selection == selection_;
-        return;
-    }
     // The window that tells is at the same place in all of these.
     if (event.response_type == XCB_CREATE_NOTIFY || event.response_type == XCB_DESTROY_NOTIFY ||
         event.response_type == XCB_REPARENT_NOTIFY) {
@@ -64,19 +36,13 @@ void X11TrayItems::handle(const xcb_generic_event_t& event) {
 }
 
 void X11TrayItems::refresh() {
-    if (readTray() != XCB_WINDOW_NONE) {
+    if (selection_.owner() != XCB_WINDOW_NONE) {
         scan();
     }
 }
 
-xcb_window_t X11TrayItems::readTray() const {
-    const X11Message<xcb_get_selection_owner_reply_t> owner(xcb_get_selection_owner_reply(
-        connection_.raw(), xcb_get_selection_owner(connection_.raw(), selection_), nullptr));
-    return owner ? owner->owner : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
-}
-
 void X11TrayItems::scan() {
-    const auto tray = readTray();
+    const auto tray = selection_.owner();
     X11TrayContents contents;
     if (tray != XCB_WINDOW_NONE) {
         contents = searchX11Tray(connection_, tray);
