@@ -121,7 +121,7 @@ class Faults(DesktopTest):
         ambrel.signal(signal.SIGTERM)
         self.assertEqual(0, ambrel.wait_for_end())
 
-    def test_system_bus_dies_while_locked(self):
+    def test_system_bus_dies_while_locked_and_comes_back(self):
         bus, environment = self.start_bus("system")
         self.keep(Logind(environment, LockedHint=True))
         ambrel, heartbeat = self.start_with_heartbeat(environment=environment)
@@ -130,7 +130,13 @@ class Faults(DesktopTest):
         ambrel.wait_for("systemstate: connection to the system bus lost")
         self.close_without_quit(ambrel, "skipped(screen-locked)")
         self.assertEqual(1, ambrel.count(" lost: "))
+        self.start_bus("system")
+        self.close_without_quit(ambrel, "skipped(screen-locked)")
         self.assertIsNone(ambrel.find(UNLOCKED))
+        logind = self.keep(Logind(environment))
+        ambrel.wait_for(UNLOCKED + "resumed")
+        logind.update(LockedHint=True)
+        wait_until(lambda: ambrel.count(LOCKED + "SUSPENDED") == 1, "the screen is locked again")
         self.check_heartbeat(heartbeat)
 
     def test_started_beside_a_hung_session_bus(self):

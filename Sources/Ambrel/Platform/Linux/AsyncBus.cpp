@@ -44,17 +44,15 @@ std::unique_ptr<AsyncBus> AsyncBus::open(Kind kind) {
     return std::unique_ptr<AsyncBus>(new AsyncBus(std::unique_ptr<sd_bus, Close>(bus)));
 }
 
-AsyncBus::AsyncBus(std::unique_ptr<sd_bus, Close> bus)
-    : bus_(std::move(bus)),
-      reading_(std::make_unique<QSocketNotifier>(sd_bus_get_fd(bus_.get()), QSocketNotifier::Read)),
-      writing_(std::make_unique<QSocketNotifier>(sd_bus_get_fd(bus_.get()), QSocketNotifier::Write)) {
-    for (const auto& notifier : {reading_.get(), writing_.get()}) {
-        QObject::connect(notifier, &QSocketNotifier::activated, notifier, [this] { pump(); });
-    }
-    awaitWriting();
+AsyncBus::AsyncBus(std::unique_ptr<sd_bus, Close> bus) : bus_(std::move(bus)) {
+    listen();
 }
 
-AsyncBus::~AsyncBus() = default;
+AsyncBus::~AsyncBus() {
+    // No event loop may be left to retire them in.
+    delete reading_.release();
+    delete writing_.release();
+}
 
 void AsyncBus::call(const Call& call, Handler answer) {
     sd_bus_message* message = nullptr;
@@ -81,13 +79,15 @@ void AsyncBus::call(const Call& call, Handler answer) {
 }
 
 void AsyncBus::subscribe(const std::string& rule, Handler handler) {
-    auto owned = std::make_unique<Handler>(std::move(handler));
-    sd_bus_slot* slot = nullptr;
-    if (!isLost_ && sd_bus_add_match_async(bus_.get(), &slot, rule.c_str(), deliver, acceptRefusal, owned.get()) >= 0) {
-        static_cast<void>(owned.release());
-        giveAway(slot);
+    auto& subscribed = subscribed_.emplace_back(Subscribed{rule, std::move(handler)});
+    if (!isLost_) {
+        addMatch(subscribed);
+        awaitWriting();
     }
-    awaitWriting();
+}
+
+void AsyncBus::addMatch(Subscribed& subscribed) {
+    sd_bus_add_match_async(bus_.get(), nullptr, subscribed.rule.c_str(), deliver, acceptRefusal, &subscribed.handler);
 }
 
 void AsyncBus::offer(const std::string& path, const std::string& interface, const sd_bus_vtable* table, void* object) {
@@ -136,19 +136,77 @@ void AsyncBus::pump() {
         result = sd_bus_process(bus_.get(), nullptr);
     } while (result > 0);
     pumping_ = false;
-    result < 0 || sd_bus_is_open(bus_.get()) <= 0 ? lose() : awaitWriting();
+    if (result < 0 || sd_bus_is_open(bus_.get()) <= 0) {
+        lose();
+        return;
+    }
+    listen();
+    if (!isReady_ && sd_bus_is_ready(bus_.get()) > 0) {
+        isReady_ = true;
+        if (std::exchange(wasLost_, false)) {
+            cameBack.emit();
+        }
+    }
+}
+
+/// Waiting for the bus to come back has another descriptor than talking to it.
+void AsyncBus::listen() {
+    const int descriptor = sd_bus_get_fd(bus_.get());
+    if (!reading_ || reading_->socket() != descriptor) {
+        reading_.reset(new QSocketNotifier(descriptor, QSocketNotifier::Read));
+        writing_.reset(new QSocketNotifier(descriptor, QSocketNotifier::Write));
+        for (const auto& notifier : {reading_.get(), writing_.get()}) {
+            QObject::connect(notifier, &QSocketNotifier::activated, notifier, [this] { pump(); });
+        }
+    }
+    awaitWriting();
 }
 
 void AsyncBus::awaitWriting() {
-    const int events = isLost_ ? 0 : sd_bus_get_events(bus_.get());
-    writing_->setEnabled(events > 0 && (events & POLLOUT) != 0);
+    if (!isLost_) {
+        const int events = sd_bus_get_events(bus_.get());
+        writing_->setEnabled(events > 0 && (events & POLLOUT) != 0);
+    }
 }
 
 void AsyncBus::lose() {
     isLost_ = true;
-    reading_->setEnabled(false);
-    writing_->setEnabled(false);
-    lost.emit();
+    unanswered_ = 0;
+    reading_.reset();
+    writing_.reset();
+    if (!std::exchange(wasLost_, true)) {
+        lost.emit();
+    }
+    // A dying bus may take one more connection. One that doesn't want us is not asked again and again.
+    ungreeted_ = std::exchange(isReady_, false) ? 0 : ungreeted_ + 1;
+    if (ungreeted_ <= 1) {
+        awaitReturn();
+    }
+}
+
+void AsyncBus::awaitReturn() {
+    const char* address = nullptr;
+    sd_bus* raw = nullptr;
+    if (sd_bus_get_address(bus_.get(), &address) < 0 || sd_bus_new(&raw) < 0) {
+        return;
+    }
+    std::unique_ptr<sd_bus, Close> next(raw);
+    if (sd_bus_set_address(raw, address) < 0 || sd_bus_set_bus_client(raw, 1) < 0 ||
+        sd_bus_set_watch_bind(raw, 1) < 0 || sd_bus_start(raw) < 0) {
+        return;
+    }
+    bus_ = std::move(next);
+    isLost_ = false;
+    for (auto& subscribed : subscribed_) {
+        addMatch(subscribed);
+    }
+    listen();
+}
+
+void AsyncBus::Retire::operator()(QSocketNotifier* notifier) const {
+    // It may be the one whose call this is.
+    notifier->setEnabled(false);
+    notifier->deleteLater();
 }
 
 bool isError(sd_bus_message* message) {

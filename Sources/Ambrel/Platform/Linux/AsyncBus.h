@@ -3,6 +3,7 @@
 #include "Core/Clock.h"
 #include "Core/Signal.h"
 
+#include <deque>
 #include <functional>
 #include <initializer_list>
 #include <memory>
@@ -17,7 +18,8 @@ namespace ambrel {
 
 /// A connection to a message bus on which nothing ever waits, whatever the bus and its services do. Qt's connections
 /// share one thread, which a stalled bus holds up, and subscribing waits for that thread: no way to watch services that
-/// may hang. Main thread only.
+/// may hang. A bus that dies is used again when it comes back to its place in the file system; subscriptions last,
+/// calls do not. Main thread only.
 class AsyncBus {
 public:
     enum class Kind { session, system };
@@ -54,26 +56,43 @@ public:
     /// Delivers what arrives until every call on these buses is answered, for `limit` at most. Null is no bus.
     static void settle(std::initializer_list<AsyncBus*> buses, Seconds limit);
 
-    /// The bus has gone, and every service on it; emitted once.
+    /// The bus has gone, and every service on it. Calls have no effect until it is back.
     Signal<> lost;
+    Signal<> cameBack;
 
 private:
     struct Close {
         void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
     };
 
+    struct Subscribed {
+        std::string rule;
+        Handler handler;
+    };
+    struct Retire {
+        void operator()(QSocketNotifier* notifier) const;
+    };
+    using Notifier = std::unique_ptr<QSocketNotifier, Retire>;
+
     explicit AsyncBus(std::unique_ptr<sd_bus, Close> bus);
+    void addMatch(Subscribed& subscribed);
     void pump();
+    void listen();
     void awaitWriting();
     void lose();
+    void awaitReturn();
     [[nodiscard]] bool isSettled() const { return isLost_ || unanswered_ == 0; }
 
     std::unique_ptr<sd_bus, Close> bus_;
-    std::unique_ptr<QSocketNotifier> reading_;
-    std::unique_ptr<QSocketNotifier> writing_;
+    Notifier reading_;
+    Notifier writing_;
+    std::deque<Subscribed> subscribed_; ///< their places stay what they are
     int unanswered_ = 0;
     bool pumping_ = false;
     bool isLost_ = false;
+    bool isReady_ = false; ///< the bus has greeted us
+    int ungreeted_ = 0;    ///< connections that ended before that, one after the other
+    bool wasLost_ = false; ///< and has not come back
 };
 
 /// The answer to a call is an error.

@@ -7,7 +7,9 @@
 namespace ambrel {
 
 BusService::BusService(AsyncBus& bus, std::string name)
-    : bus_(bus), name_(std::move(name)), busLost_(bus.lost.subscribe([this] { vanished.emit(); })) {
+    : bus_(bus), name_(std::move(name)), busLost_(bus.lost.subscribe([this] { vanished.emit(); })),
+      // It may have come first; asking one that is not there does no harm.
+      busCameBack_(bus.cameBack.subscribe([this] { appeared.emit(); })) {
     bus_.subscribe(fmt::format("type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',"
                                "interface='org.freedesktop.DBus',member='NameOwnerChanged',arg0='{}'",
                                name_),

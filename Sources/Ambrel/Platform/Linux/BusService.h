@@ -32,6 +32,7 @@ private:
     AsyncBus& bus_;
     std::string name_;
     Subscription busLost_;
+    Subscription busCameBack_;
 };
 
 } // namespace ambrel

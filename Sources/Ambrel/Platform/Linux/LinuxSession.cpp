@@ -83,7 +83,7 @@ void LinuxSession::watchLosses() {
     const auto report = [this](const auto& bus, const char* name) {
         if (bus) {
             subscriptions_.push_back(bus->lost.subscribe([name] {
-                logger.notice("connection to the {} bus lost: its services are not watched any more", name);
+                logger.notice("connection to the {} bus lost: its services are not watched until it is back", name);
             }));
         }
     };
