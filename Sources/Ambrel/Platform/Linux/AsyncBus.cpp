@@ -91,7 +91,12 @@ void AsyncBus::addMatch(Subscribed& subscribed) {
 }
 
 void AsyncBus::offer(const std::string& path, const std::string& interface, const sd_bus_vtable* table, void* object) {
-    sd_bus_add_object_vtable(bus_.get(), nullptr, path.c_str(), interface.c_str(), table, object);
+    addObject(offered_.emplace_back(Offered{path, interface, table, object}));
+}
+
+void AsyncBus::addObject(const Offered& offered) {
+    sd_bus_add_object_vtable(bus_.get(), nullptr, offered.path.c_str(), offered.interface.c_str(), offered.table,
+                             offered.object);
 }
 
 void AsyncBus::emitSignal(const std::string& path, const std::string& interface, const std::string& name,
@@ -197,6 +202,9 @@ void AsyncBus::awaitReturn() {
     }
     bus_ = std::move(next);
     isLost_ = false;
+    for (const auto& offered : offered_) {
+        addObject(offered);
+    }
     for (auto& subscribed : subscribed_) {
         addMatch(subscribed);
     }

@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <systemd/sd-bus.h>
 
@@ -18,8 +19,8 @@ namespace ambrel {
 
 /// A connection to a message bus on which nothing ever waits, whatever the bus and its services do. Qt's connections
 /// share one thread, which a stalled bus holds up, and subscribing waits for that thread: no way to watch services that
-/// may hang. A bus that dies is used again when it comes back to its place in the file system; subscriptions last,
-/// calls do not. Main thread only.
+/// may hang. A bus that dies is used again when it comes back to its place in the file system; subscriptions and offers
+/// last, calls do not. Main thread only.
 class AsyncBus {
 public:
     enum class Kind { session, system };
@@ -69,6 +70,12 @@ private:
         std::string rule;
         Handler handler;
     };
+    struct Offered {
+        std::string path;
+        std::string interface;
+        const sd_bus_vtable* table;
+        void* object;
+    };
     struct Retire {
         void operator()(QSocketNotifier* notifier) const;
     };
@@ -76,6 +83,7 @@ private:
 
     explicit AsyncBus(std::unique_ptr<sd_bus, Close> bus);
     void addMatch(Subscribed& subscribed);
+    void addObject(const Offered& offered);
     void pump();
     void listen();
     void awaitWriting();
@@ -86,6 +94,7 @@ private:
     std::unique_ptr<sd_bus, Close> bus_;
     Notifier reading_;
     Notifier writing_;
+    std::vector<Offered> offered_;
     std::deque<Subscribed> subscribed_; ///< their places stay what they are
     int unanswered_ = 0;
     bool pumping_ = false;
