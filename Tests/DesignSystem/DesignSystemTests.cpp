@@ -141,7 +141,7 @@ TEST_F(DesignSystemTests, ControlsAskAndShowOnlyWhatTheyAreGiven) {
                         .arg(obeys ? "true" : "false"));
         ASSERT_EQ(stage.errors, "");
         const auto asked = [&] {
-            const auto text = stage.item()->property("asked").toString();
+            auto text = stage.item()->property("asked").toString();
             stage.item()->setProperty("asked", "");
             return text;
         };
