@@ -3,6 +3,7 @@
 namespace ambrel {
 
 class Accessibility;
+class Appearance;
 class ApplicationHost;
 class BackgroundQueue;
 class Bundle;
@@ -37,6 +38,8 @@ public:
     [[nodiscard]] virtual HotKeyCenter& hotKeyCenter() = 0;
     [[nodiscard]] virtual NotificationCenter& notificationCenter() = 0;
     [[nodiscard]] virtual StatusBar& statusBar() = 0;
+    /// The first question makes it ask the desktop, so that a program that shows nothing asks nothing.
+    [[nodiscard]] virtual Appearance& appearance() = 0;
     /// The real date, or the one of the simulated day.
     [[nodiscard]] virtual const Clock& wallClock() const = 0;
 

@@ -26,6 +26,14 @@ int acceptRefusal(sd_bus_message*, void*, sd_bus_error*) {
     return 0;
 }
 
+void appendTexts(sd_bus_message* message, const std::vector<std::string>& texts) {
+    sd_bus_message_open_container(message, SD_BUS_TYPE_ARRAY, "s");
+    for (const auto& text : texts) {
+        sd_bus_message_append(message, "s", text.c_str());
+    }
+    sd_bus_message_close_container(message);
+}
+
 /// The slot lives as long as the connection or, that of a call, until it is answered; the handler with it.
 void giveAway(sd_bus_slot* slot) {
     sd_bus_slot_set_destroy_callback(slot, [](void* handler) { delete static_cast<AsyncBus::Handler*>(handler); });
@@ -60,9 +68,12 @@ void AsyncBus::call(const Call& call, Handler answer) {
                                                   call.interface.c_str(), call.method.c_str()) < 0) {
         return;
     }
-    sd_bus_message_set_auto_start(message, 0);
+    sd_bus_message_set_auto_start(message, call.mayStart ? 1 : 0);
     if (call.argument) {
         sd_bus_message_append(message, "s", call.argument->c_str());
+    }
+    if (!call.list.empty()) {
+        appendTexts(message, call.list);
     }
     auto handler = std::make_unique<Handler>([this, answer = std::move(answer)](sd_bus_message* reply) {
         answer(reply);

@@ -32,7 +32,9 @@ public:
         std::string path;
         std::string interface;
         std::string method;
-        std::optional<std::string> argument;
+        std::optional<std::string> argument = {};
+        std::vector<std::string> list = {}; ///< one more argument, unless it is empty: an array of texts
+        bool mayStart = false;              ///< the service, where the bus can
     };
 
     /// Null where there is no bus; none is started. That it answers shows only later.
@@ -42,7 +44,7 @@ public:
     AsyncBus& operator=(const AsyncBus&) = delete;
     ~AsyncBus();
 
-    /// Never starts the service. The answer may come at any time, or, from a service that hangs, never.
+    /// Doesn't start the service unless told to. The answer may come at any time, or, from a service that hangs, never.
     void call(const Call& call, Handler answer);
     /// Hears the signals that match the rule, in the bus's own words.
     void subscribe(const std::string& rule, Handler handler);

@@ -13,6 +13,7 @@
 #include "Platform/Linux/LinuxSession.h"
 #include "Platform/Linux/LinuxStatusBar.h"
 #include "Platform/Linux/LinuxWorkspace.h"
+#include "Platform/Linux/PortalAppearance.h"
 #include "Platform/Linux/ProcessEnvironment.h"
 #include "Platform/Linux/ProgramPresence.h"
 #include "Platform/Linux/QuitRequest.h"
@@ -80,6 +81,7 @@ struct LinuxPlatform::Parts {
                                   return true;
                               }}};
     ThreadBackgroundQueue background;
+    std::unique_ptr<PortalAppearance> appearance;
     Subscription lost;
     Subscription offered;
 };
@@ -151,6 +153,13 @@ NotificationCenter& LinuxPlatform::notificationCenter() {
 
 StatusBar& LinuxPlatform::statusBar() {
     return parts_->statusBar;
+}
+
+Appearance& LinuxPlatform::appearance() {
+    if (!parts_->appearance) {
+        parts_->appearance = std::make_unique<PortalAppearance>();
+    }
+    return *parts_->appearance;
 }
 
 const Clock& LinuxPlatform::wallClock() const {

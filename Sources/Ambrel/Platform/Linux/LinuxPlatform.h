@@ -36,6 +36,7 @@ public:
     [[nodiscard]] HotKeyCenter& hotKeyCenter() override;
     [[nodiscard]] NotificationCenter& notificationCenter() override;
     [[nodiscard]] StatusBar& statusBar() override;
+    [[nodiscard]] Appearance& appearance() override;
     [[nodiscard]] const Clock& wallClock() const override;
 
     /// For the user interface, which owns the windows that the host speaks of.

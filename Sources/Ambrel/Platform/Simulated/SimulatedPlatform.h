@@ -2,6 +2,7 @@
 
 #include "Platform/Platform.h"
 #include "Platform/Simulated/SimulatedAccessibility.h"
+#include "Platform/Simulated/SimulatedAppearance.h"
 #include "Platform/Simulated/SimulatedApplicationHost.h"
 #include "Platform/Simulated/SimulatedBackgroundQueue.h"
 #include "Platform/Simulated/SimulatedBundle.h"
@@ -38,6 +39,7 @@ public:
     [[nodiscard]] SimulatedHotKeyCenter& hotKeyCenter() override { return hotKeyCenter_; }
     [[nodiscard]] SimulatedNotificationCenter& notificationCenter() override { return notificationCenter_; }
     [[nodiscard]] SimulatedStatusBar& statusBar() override { return statusBar_; }
+    [[nodiscard]] SimulatedAppearance& appearance() override { return appearance_; }
     [[nodiscard]] const Clock& wallClock() const override { return queue_.wallClock(); }
 
     /// Shorthands for what tests do all the time.
@@ -63,6 +65,7 @@ private:
     SimulatedSession session_;
     SimulatedHotKeyCenter hotKeyCenter_;
     SimulatedNotificationCenter notificationCenter_;
+    SimulatedAppearance appearance_;
     SimulatedStatusBar statusBar_;
 };
 
