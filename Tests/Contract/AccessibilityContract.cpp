@@ -119,17 +119,6 @@ TEST_F(AccessibilityContract, AWithdrawnDialogIsGone) {
     EXPECT_FALSE(running(*sample)->isHidden());
 }
 
-TEST_F(AccessibilityContract, HidingAndShowingAreHeard) {
-    const auto sample = launch();
-    driver->settle();
-    const auto observer = observeAll(*sample);
-    running(*sample)->hide();
-    EXPECT_TRUE(awaitNotification("AXApplicationHidden"));
-    ASSERT_TRUE(awaitOffScreen(*sample));
-    sample->show();
-    EXPECT_TRUE(awaitNotification("AXApplicationShown"));
-}
-
 TEST_F(AccessibilityContract, OnlyWhatWasAddedIsHeardAndOnlyOfThatProcess) {
     const auto sample = launch();
     const auto other = launch(player);

@@ -61,14 +61,5 @@ TEST_F(UserDefaultsContract, RegisteredValuesStandInForAbsentOnesAndForThoseOfAn
     EXPECT_TRUE(suite->boolForKey("later"));
 }
 
-TEST_F(UserDefaultsContract, SuitesAreApartFromEachOtherAndFromTheStandardDefaults) {
-    suite->set(name(), true);
-    EXPECT_EQ(defaults.suite(name() + ".other")->object(name()), std::nullopt);
-    ASSERT_NE(defaults.standard(), nullptr);
-    EXPECT_EQ(defaults.standard()->object(name()), std::nullopt);
-    defaults.standard()->set("contract", 2.0);
-    EXPECT_EQ(defaults.standard()->doubleForKey("contract"), 2);
-}
-
 } // namespace
 } // namespace ambrel

@@ -46,16 +46,6 @@ TEST_F(Hide, QuitsAfterTheDelayIfItsOwnRuleSaysSo) {
     EXPECT_TRUE(log.contains("hide-quit terminating org.example.Editor pid " + pid));
 }
 
-TEST_F(Hide, AWindowPutAwayIntoTheTrayIsHidden) {
-    start();
-    auto& app = launchAllowed();
-    app.hasTrayItem = true;
-    app.withdraw(app.windows().front().id);
-    desktop.advance(0.25 + 0.5);
-    EXPECT_THAT(terminated(), ElementsAre(app.processIdentifier()));
-    EXPECT_THAT(decisions(), ElementsAre("hidden terminated Editor hidden"));
-}
-
 /// What is so before the application hides, or happens 0.3 seconds after it; nothing is quit.
 struct HeldBack {
     const char* name;

@@ -124,18 +124,6 @@ INSTANTIATE_TEST_SUITE_P(
                  "recreating all 1 monitors", nullptr}),
     [](const auto& each) { return each.param.name; });
 
-TEST_F(LastWindow, WindowsUnreadableAtFireTimeLogTheirCodeEachTime) {
-    start();
-    auto& app = launchWithWindow();
-    app.closeWindows();
-    desktop.settle();
-    log.expectError("copy windows -> -25200 for org.example.Editor");
-    app.accessibility.failReads(AXError::failure);
-    desktop.advance(10);
-    EXPECT_TRUE(log.contains("quit check 1/2: org.example.Editor — AX read failed at fire time; aborting quit"));
-    EXPECT_THAT(terminated(), IsEmpty());
-}
-
 TEST_F(LastWindow, AnEarlierPendingQuitFailsAtFireTimeWhenPausedUnnoticed) {
     start();
     auto& app = launchWithWindow();
@@ -188,44 +176,6 @@ TEST_F(LastWindow, MinimisedHiddenAndWithdrawnWindowsKeepTheApplication) {
     EXPECT_THAT(terminated(), IsEmpty());
 }
 
-TEST_F(LastWindow, ClosingRightAfterAMinimiseIsHeldBackByTheGrace) {
-    start();
-    auto& app = launchWithWindow();
-    app.minimise(app.windows().front().id);
-    desktop.advance(1.9);
-    app.closeWindows();
-    desktop.advance(10);
-    EXPECT_TRUE(log.contains("skip quit: org.example.Editor minimized within 2s grace"));
-    EXPECT_THAT(terminated(), IsEmpty());
-}
-
-TEST_F(LastWindow, AHiddenApplicationIsLeftAloneAtBothMoments) {
-    start();
-    auto& app = launchWithWindow();
-    app.openWindow();
-    desktop.advance(1);
-    app.hideItself();
-    desktop.advance(5);
-    app.closeWindows();
-    desktop.settle();
-    EXPECT_TRUE(log.contains("skip quit: org.example.Editor is hidden — windows still exist"));
-    desktop.advance(10);
-    EXPECT_THAT(terminated(), IsEmpty());
-}
-
-TEST_F(LastWindow, ADialogThatStaysVetoesAndItsWindowServerSightingsAreWrittenDown) {
-    start();
-    auto& app = launchWithWindow();
-    const auto window = app.windows().front().id;
-    app.openDialog();
-    desktop.settle();
-    app.closeWindow(window);
-    desktop.advance(60);
-    EXPECT_THAT(terminated(), IsEmpty());
-    const std::string line = "last-window skipped(cg-windows-exist) org.example.Editor cg_windows=1";
-    EXPECT_THAT(decisions(), ElementsAre(line, line, line, line, line));
-}
-
 TEST_F(LastWindow, ResidueThatFadesOnlyDelaysTheQuit) {
     start();
     auto& app = launchWithWindow();
@@ -237,15 +187,6 @@ TEST_F(LastWindow, ResidueThatFadesOnlyDelaysTheQuit) {
     desktop.advance(1.999);
     EXPECT_THAT(terminated(), IsEmpty());
     desktop.advance(0.002);
-    EXPECT_THAT(terminated(), ElementsAre(app.processIdentifier()));
-}
-
-TEST_F(LastWindow, AnUnreadableWindowServerDoesNotHoldBack) {
-    start();
-    desktop.windowServer().listUnreadable = true;
-    auto& app = launchWithWindow();
-    app.closeWindows();
-    desktop.advance(1);
     EXPECT_THAT(terminated(), ElementsAre(app.processIdentifier()));
 }
 
@@ -295,19 +236,6 @@ TEST_F(LastWindow, ANegativeDelayIsNoneAndALongOneIsHonoured) {
     EXPECT_EQ(terminated().size(), 1U);
     desktop.advance(0.2);
     EXPECT_EQ(terminated().size(), 2U);
-}
-
-TEST_F(LastWindow, AnUntrustedSessionIsWrittenDownAtBothMomentsByItsReason) {
-    desktop.environment().set("AMBREL_FORCE_SESSION_INACTIVE", "1");
-    start();
-    auto& app = launchWithWindow();
-    app.closeWindows();
-    desktop.advance(10);
-    EXPECT_THAT(terminated(), IsEmpty());
-    EXPECT_THAT(decisions(),
-                ElementsAre("last-window skipped(session-inactive) org.example.Editor forced-session-inactive"));
-    EXPECT_TRUE(log.contains("skip quit: org.example.Editor — forced-session-inactive; window count not trustworthy "
-                             "(lock/display-sleep/session teardown)"));
 }
 
 TEST_F(LastWindow, AForcedLockOutranksTheSessionAndOnlyOneForces) {
@@ -367,16 +295,6 @@ TEST_F(LastWindow, AReusedProcessIdDoesNotInheritAPendingQuit) {
     desktop.advance(10);
     EXPECT_THAT(terminated(), IsEmpty());
     EXPECT_FALSE(next.isTerminated());
-}
-
-TEST_F(LastWindow, ARequestThatIsIgnoredIsNotRepeated) {
-    start();
-    auto& app = launchWithWindow();
-    app.terminateAnswer = simulated::Refuses{};
-    app.closeWindows();
-    desktop.advance(600);
-    EXPECT_EQ(terminated().size(), 1U);
-    EXPECT_THAT(desktop.requests().forceTerminated, IsEmpty());
 }
 
 } // namespace

@@ -129,13 +129,6 @@ TEST_F(Monitors, AHealthyMinuteEndsTheStreakAndTheEndOfTheApplicationToo) {
     EXPECT_EQ(log.count("giving up"), 0U);
 }
 
-TEST_F(Monitors, PausingWithNothingPendingSaysNothingMore) {
-    start();
-    house().settings.isPaused.set(true);
-    house().settings.isPaused.set(false);
-    EXPECT_THAT(engineLines(), ElementsAre("pause state -> paused", "pause state -> active"));
-}
-
 class AMonitor : public EngineScenario {
 protected:
     std::shared_ptr<AppMonitor> make(simulated::SimulatedApplication& app) {

@@ -93,12 +93,6 @@ TEST_F(QuitEverything, CountsWhatTheGuardRefuses) {
     EXPECT_THAT(decisions(), ElementsAre("quit-all skipped(dev-mode) Plain", "quit-all terminated TextEdit"));
 }
 
-TEST_F(QuitEverything, WithNothingToQuitItStillSaysSo) {
-    start();
-    EXPECT_EQ(house().quitAll.run(false), 0);
-    EXPECT_THAT(engineLines(), ElementsAre("Quit All: requested quit of 0 apps"));
-}
-
 TEST_F(QuitEverything, TheHotKeyQuitsOrAsksFirst) {
     completeOnboarding();
     const auto pid = launchApp("org.example.Plain");

@@ -11,13 +11,6 @@ using ::testing::IsEmpty;
 
 class StartUp : public LaunchScenario {};
 
-TEST_F(StartUp, StartsTheEngineOnATrustedDesktop) {
-    completeOnboarding();
-    launch();
-    EXPECT_THAT(lifecycle(), ElementsAre("Ambrel launched (accessory mode)"));
-    EXPECT_TRUE(log.contains("engine started; monitoring 0 apps"));
-}
-
 TEST_F(StartUp, WithoutTrustTheEngineWaitsForItAndStartsOnce) {
     completeOnboarding();
     desktop.accessibility().setTrusted(false);

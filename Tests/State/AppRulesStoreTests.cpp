@@ -146,30 +146,5 @@ TEST_F(AppRulesStoreTest, AFailedSaveKeepsTheEditForTheNextOne) {
     EXPECT_EQ(decodePersisted(textOf(file))->rules, store.rules());
 }
 
-TEST_F(AppRulesStoreTest, AFolderThatCanNotBeMadeShowsUpInTheFirstSave) {
-    writeText(folder, "a file in the folder's place");
-    log.expectError("rules.json save failed: Not a directory");
-    EXPECT_EQ(identifiers(start()), systemDefaults);
-    EXPECT_EQ(textOf(folder), "a file in the folder's place");
-}
-
-TEST_F(AppRulesStoreTest, ALinkedFileStaysLinked) {
-    const auto target = home.path() / "dotfiles.json";
-    fs::create_directories(folder);
-    fs::create_symlink(target, file);
-    start().upsert(ruleOf("a", "a"));
-    EXPECT_TRUE(fs::is_symlink(file));
-    EXPECT_EQ(start().rules().back().bundleIdentifier(), "a");
-    EXPECT_TRUE(fs::exists(target));
-}
-
-TEST_F(AppRulesStoreTest, APreviewKeepsNothing) {
-    AppRulesStore preview({ruleOf("a", "a")}, AppRule::initialDefaultRule());
-    preview.upsert(ruleOf("b", "b"));
-    EXPECT_EQ(identifiers(preview), (std::vector<std::string>{"a", "b"}));
-    EXPECT_EQ(preview.fileURL(), "/dev/null");
-    EXPECT_FALSE(fs::exists(file));
-}
-
 } // namespace
 } // namespace ambrel

@@ -66,19 +66,6 @@ TEST_F(AppSettingsTest, ValuesOfAnotherTypeReadAsTheDefault) {
     EXPECT_EQ(settings.userExcludedBundleIDs.get(), Strings());
 }
 
-TEST_F(AppSettingsTest, EverySetAnnouncesBeforeAndTellsAfter) {
-    AppSettings settings(defaults, desktop.bundle());
-    std::vector<double> before;
-    std::vector<double> after;
-    const auto announced = settings.willChange.subscribe([&] { before.push_back(settings.quitDelay.get()); });
-    const auto told = settings.quitDelay.subscribe([&](double value) { after.push_back(value); });
-    settings.quitDelay.set(2);
-    settings.quitDelay.set(2);
-    settings.isPaused.set(true);
-    EXPECT_EQ(before, (std::vector{0.5, 2.0, 2.0}));
-    EXPECT_EQ(after, (std::vector{0.5, 2.0, 2.0})) << "the current value at once, and unchanged ones too";
-}
-
 TEST_F(AppSettingsTest, SystemAndSelfAreAlwaysExcluded) {
     AppSettings settings(defaults, desktop.bundle());
     EXPECT_EQ(settings.effectiveExcludedBundleIDs(), (std::set<std::string>{"app.ambrel.Ambrel", "com.apple.finder"}));

@@ -154,16 +154,6 @@ TEST_F(JsonUserDefaultsTest, ASuiteThatCanNotBeMovedAsideDoesNotOpen) {
     EXPECT_TRUE(fs::is_directory(file));
 }
 
-TEST_F(JsonUserDefaultsTest, TheStandardDefaultsAreThereInAnyCase) {
-    writeText(folder / "ambrel.json", "broken");
-    writeText(folder / "ambrel.json.corrupt-1800000000", "from before");
-    log.expectError("ambrel.json failed to decode AND could not be moved aside");
-    auto defaults = start();
-    defaults.standard()->set("key", true);
-    EXPECT_TRUE(defaults.standard()->boolForKey("key"));
-    EXPECT_EQ(textOf(folder / "ambrel.json"), "broken");
-}
-
 TEST_F(JsonUserDefaultsTest, AFailedWriteKeepsTheValueForTheNextOne) {
     const auto defaults = suite();
     writeText(folder, "in the folder's place");
