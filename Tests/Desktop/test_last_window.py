@@ -2,6 +2,7 @@
 import os
 import re
 import signal
+import subprocess
 
 import desktop_test
 import windows
@@ -93,6 +94,19 @@ class LastWindow(DesktopTest):
         self.wait_until_quit(ambrel, subject)
         self.assertIn("ambrel-sample", os.readlink(f"/proc/{child}/exe"))
         os.kill(child, signal.SIGTERM)
+
+    def test_a_question_about_unsaved_work_is_waited_for(self):
+        ambrel, careful = self.start_with_subject()
+        other = self.start_subject(ambrel)
+        careful.say("confirm-on-delete")
+        subprocess.run(["xdotool", "key", "super+alt+shift+q"], check=True)
+        ambrel.wait_for("engine: Quit All: requested quit of 2 apps")
+        careful.wait_for("delete-request")
+        other.wait_for_end()
+        wait_until(lambda: len(windows.windows(careful.pid)) == 2, "the question is on screen")
+        # One without a question has been asked to end by now, and so would this one have been.
+        self.assertTrue(careful.is_running())
+        self.assertIsNone(careful.find("sigterm"))
 
     def test_storm_of_windows(self):
         ambrel, subject = self.start_with_subject()

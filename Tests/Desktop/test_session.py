@@ -82,18 +82,6 @@ class Session(DesktopTest):
                 ambrel.stop()
                 saver.stop()
 
-    def test_screen_saver_dies_and_comes_back(self):
-        ambrel = self.start_ambrel()
-        saver = self.start_saver("org.freedesktop.ScreenSaver", "/ScreenSaver", "on")
-        ambrel.wait_for(LOCKED + "SUSPENDED")
-        saver.stop()
-        ambrel.wait_for("org.freedesktop.ScreenSaver has ended while it said that the screen is locked")
-        subject = self.close_without_quit(ambrel, "skipped(screen-locked)")
-        self.assertIsNone(ambrel.find(UNLOCKED))
-        self.start_saver()
-        ambrel.wait_for(UNLOCKED + "resumed")
-        self.check_trusted_again(ambrel, subject)
-
     def test_screen_saver_dies_and_logind_is_asked(self):
         logind, saver = self.start_logind(), self.start_saver()
         ambrel = self.start_ambrel()
@@ -106,18 +94,6 @@ class Session(DesktopTest):
         self.assertIsNone(ambrel.find(UNLOCKED))
         logind.signal(signal.SIGCONT)
         ambrel.wait_for(UNLOCKED + "resumed")
-
-    def test_logind_restarts(self):
-        logind = self.start_logind(LockedHint=True)
-        ambrel = self.start_ambrel()
-        logind.stop()
-        ambrel.wait_for("org.freedesktop.login1 has ended while it said that the screen is locked")
-        self.assertIsNone(ambrel.find(UNLOCKED))
-        logind = self.start_logind(LockedHint=False, Active=False)
-        ambrel.wait_for(UNLOCKED + "SUSPENDED")
-        self.assertIsNotNone(ambrel.find("login session resigned active"))
-        logind.update(Active=True)
-        self.check_trusted_again(ambrel)
 
     def test_logind_or_its_bus_hangs_at_the_start(self):
         for hanging in (lambda logind: logind.pid, lambda logind: services.process_of(logind.bus, services.BUS)):

@@ -18,35 +18,19 @@ class LaunchScenario : public EngineScenario {
 protected:
     [[nodiscard]] AppDelegate::Neighbours neighbours() {
         AppDelegate::Neighbours made;
-        made.settings = [this]() -> AppSettings& {
-            return house().settings;
-        };
-        made.devGuard = [this]() -> DevGuard& {
-            return house().guard;
-        };
+        made.settings = inHouse(&EngineHouse::settings);
+        made.devGuard = inHouse(&EngineHouse::guard);
+        made.quitAll = inHouse(&EngineHouse::quitAll);
+        made.notifier = inHouse(&EngineHouse::notifier);
+        made.engine = inHouse(&EngineHouse::engine);
+        made.hotKeys = standing(hotKeys);
+        made.settingsWindow = standing(settingsWindow);
+        made.onboarding = standing(onboarding);
         made.statusItem = [this]() -> StatusItemController& {
             return statusItem();
         };
-        made.hotKeys = [this]() -> HotKeyManager& {
-            return hotKeys;
-        };
-        made.quitAll = [this]() -> QuitAll& {
-            return house().quitAll;
-        };
-        made.settingsWindow = [this]() -> SettingsWindowController& {
-            return settingsWindow;
-        };
-        made.onboarding = [this]() -> OnboardingController& {
-            return onboarding;
-        };
         made.updates = [this]() -> UpdateController& {
             return updates.emplace();
-        };
-        made.notifier = [this]() -> QuitNotifier& {
-            return house().notifier;
-        };
-        made.engine = [this]() -> QuitEngine& {
-            return house().engine;
         };
         return made;
     }
@@ -74,6 +58,18 @@ protected:
     std::optional<AppDelegate> delegate;
 
 private:
+    /// Made with the whole house when it is first asked for.
+    template <typename Neighbour> std::function<Neighbour&()> inHouse(Neighbour EngineHouse::*neighbour) {
+        return [this, neighbour]() -> Neighbour& {
+            return house().*neighbour;
+        };
+    }
+    template <typename Neighbour> static std::function<Neighbour&()> standing(Neighbour& neighbour) {
+        return [&neighbour]() -> Neighbour& {
+            return neighbour;
+        };
+    }
+
     std::optional<StatusItemController> statusItem_;
 };
 

@@ -16,20 +16,18 @@ protected:
 
 TEST_F(Oracle, CountsWhateverIsNotShownToBeSomethingElse) {
     const Rect ordinary{10, 10, 400, 300};
-    EXPECT_EQ(count({7, 0, 1.0, ordinary}), 1);
-    EXPECT_EQ(count({7, 0, std::nullopt, ordinary}), 1);
-    EXPECT_EQ(count({7, 0, 0.06, ordinary}), 1);
-    EXPECT_EQ(count({7, 0, 1.0, std::nullopt}), 1) << "unreadable bounds lean towards a veto";
-    EXPECT_EQ(count({7, 0, 1.0, Rect{0, 0, 64, 64}}), 1);
-    EXPECT_EQ(count({7, 0, 1.0, Rect{0, 0, 1920, 1079}}), 1);
-
-    EXPECT_EQ(count({8, 0, 1.0, ordinary}), 0);
-    EXPECT_EQ(count({std::nullopt, 0, 1.0, ordinary}), 0);
-    EXPECT_EQ(count({7, 3, 1.0, ordinary}), 0);
-    EXPECT_EQ(count({7, std::nullopt, 1.0, ordinary}), 0);
-    EXPECT_EQ(count({7, 0, 0.05, ordinary}), 0);
-    EXPECT_EQ(count({7, 0, 1.0, Rect{0, 0, 63, 500}}), 0);
-    EXPECT_EQ(count({7, 0, 1.0, Rect{0, 0, 1920, 1080}}), 0) << "a whole display is no window";
+    for (const auto& window :
+         {WindowInfo{7, 0, 1.0, ordinary}, WindowInfo{7, 0, std::nullopt, ordinary}, WindowInfo{7, 0, 0.06, ordinary},
+          WindowInfo{7, 0, 1.0, std::nullopt}, WindowInfo{7, 0, 1.0, Rect{0, 0, 64, 64}},
+          WindowInfo{7, 0, 1.0, Rect{0, 0, 1920, 1079}}}) {
+        EXPECT_EQ(count(window), 1) << testing::PrintToString(window.alpha);
+    }
+    for (const auto& other :
+         {WindowInfo{8, 0, 1.0, ordinary}, WindowInfo{std::nullopt, 0, 1.0, ordinary}, WindowInfo{7, 3, 1.0, ordinary},
+          WindowInfo{7, std::nullopt, 1.0, ordinary}, WindowInfo{7, 0, 0.05, ordinary},
+          WindowInfo{7, 0, 1.0, Rect{0, 0, 63, 500}}, WindowInfo{7, 0, 1.0, Rect{0, 0, 1920, 1080}}}) {
+        EXPECT_EQ(count(other), 0) << testing::PrintToString(other.alpha);
+    }
 }
 
 TEST_F(Oracle, TellsAnEmptyListFromAnUnreadableOne) {

@@ -11,48 +11,33 @@ protected:
     DefaultsSuiteRef defaults = desktop.userDefaults().productSuite();
 };
 
-TEST_F(AppSettingsTest, AFirstLaunchHasItsDefaultsAndStoresNone) {
-    const AppSettings settings(defaults, desktop.bundle());
-    EXPECT_EQ(settings.quitDelay.get(), 0.5);
-    EXPECT_EQ(settings.userExcludedBundleIDs.get(), Strings());
-    for (const auto* on :
-         {&settings.quitOnlyWhenOneWindowLeft, &settings.quitAllHotKeyEnabled, &settings.notifyOnQuit}) {
-        EXPECT_TRUE(on->get());
-    }
-    for (const auto* off : {&settings.isPaused, &settings.confirmBeforeQuitAll, &settings.settingsAdvancedMode,
-                            &settings.hideMenuBarIcon, &settings.showDockIcon, &settings.seenHideIconWarning}) {
-        EXPECT_FALSE(off->get());
-    }
-    desktop.userDefaults().endRun();
-    EXPECT_EQ(defaults->object("notifyOnQuit"), std::nullopt);
-}
-
-TEST_F(AppSettingsTest, EachPreferenceHasItsOwnKey) {
+TEST_F(AppSettingsTest, EachPreferenceHasItsDefaultAndItsOwnKey) {
     AppSettings settings(defaults, desktop.bundle());
-    const std::pair<Preference<bool>*, const char*> flags[] = {
-        {&settings.quitOnlyWhenOneWindowLeft, "quitOnlyWhenOneWindowLeft"},
-        {&settings.isPaused, "isPaused"},
-        {&settings.confirmBeforeQuitAll, "confirmBeforeQuitAll"},
-        {&settings.quitAllHotKeyEnabled, "quitAllHotKeyEnabled"},
-        {&settings.settingsAdvancedMode, "settingsAdvancedMode"},
-        {&settings.hideMenuBarIcon, "hideMenuBarIcon"},
-        {&settings.showDockIcon, "showDockIcon"},
-        {&settings.seenHideIconWarning, "seenHideIconWarning"},
-        {&settings.notifyOnQuit, "notifyOnQuit"},
+    const std::tuple<Preference<bool>*, const char*, bool> flags[] = {
+        {&settings.quitOnlyWhenOneWindowLeft, "quitOnlyWhenOneWindowLeft", true},
+        {&settings.isPaused, "isPaused", false},
+        {&settings.confirmBeforeQuitAll, "confirmBeforeQuitAll", false},
+        {&settings.quitAllHotKeyEnabled, "quitAllHotKeyEnabled", true},
+        {&settings.settingsAdvancedMode, "settingsAdvancedMode", false},
+        {&settings.hideMenuBarIcon, "hideMenuBarIcon", false},
+        {&settings.showDockIcon, "showDockIcon", false},
+        {&settings.seenHideIconWarning, "seenHideIconWarning", false},
+        {&settings.notifyOnQuit, "notifyOnQuit", true},
     };
-    for (const auto& [flag, key] : flags) {
-        const bool changed = !flag->get();
-        flag->set(changed);
-        EXPECT_EQ(defaults->object(key), DefaultsValue(changed)) << key;
+    desktop.userDefaults().endRun();
+    EXPECT_EQ(defaults->object("notifyOnQuit"), std::nullopt) << "a first launch stores nothing";
+    for (const auto& [flag, key, value] : flags) {
+        EXPECT_EQ(flag->get(), value) << key;
+        flag->set(!value);
+        EXPECT_EQ(defaults->object(key), DefaultsValue(!value)) << key;
     }
+    EXPECT_EQ(settings.quitDelay.get(), 0.5);
     settings.quitDelay.set(-1);
     settings.userExcludedBundleIDs.set({"a"});
-
     const AppSettings next(defaults, desktop.bundle());
     EXPECT_EQ(next.quitDelay.get(), -1) << "stored without a clamp";
     EXPECT_EQ(next.userExcludedBundleIDs.get(), Strings{"a"});
     EXPECT_TRUE(next.isPaused.get());
-    EXPECT_FALSE(next.notifyOnQuit.get());
 }
 
 TEST_F(AppSettingsTest, ValuesOfAnotherTypeReadAsTheDefault) {

@@ -4,22 +4,6 @@
 
 namespace ambrel::walk {
 
-namespace {
-
-AppRule ruleFor(const std::string& bundleID, const Wish& wish) {
-    AppRule rule(bundleID);
-    rule.quitOnLastWindowClose = wish.quitAfterLastWindow;
-    rule.quitWhenHidden = wish.quitWhenHidden;
-    rule.idleBehavior = wish.whenIdle == Wish::Idle::hide   ? AppRule::IdleBehavior::hide
-                        : wish.whenIdle == Wish::Idle::quit ? AppRule::IdleBehavior::quit
-                                                            : AppRule::IdleBehavior::none;
-    rule.idleThresholdMinutes = wish.idleMinutes;
-    rule.includedInQuitAll = wish.inQuitAll;
-    return rule;
-}
-
-} // namespace
-
 void Day::pauseOrResume() {
     if (flips(wishes_.paused)) {
         house_->settings.isPaused.set(wishes_.paused);
@@ -46,23 +30,24 @@ void Day::changeRule() {
         wishes_.own.erase(bundleID);
         house_->rules.remove(rule->id);
     } else {
-        using Idle = Wish::Idle;
-        const Wish wish{.quitAfterLastWindow = !once(5),
-                        .quitWhenHidden = once(3),
-                        .whenIdle = oneOf({Idle::nothing, Idle::nothing, Idle::hide, Idle::quit}),
-                        .idleMinutes = oneOf({-3L, 1L, 5L, 6L, 30L}),
-                        .inQuitAll = !once(4)};
-        wishes_.own[bundleID] = wish;
-        house_->rules.upsert(ruleFor(bundleID, wish));
+        using Idle = AppRule::IdleBehavior;
+        AppRule chosen(bundleID);
+        chosen.quitOnLastWindowClose = !once(5);
+        chosen.quitWhenHidden = once(3);
+        chosen.idleBehavior = oneOf({Idle::none, Idle::none, Idle::hide, Idle::quit});
+        chosen.idleThresholdMinutes = oneOf<std::int64_t>({-3, 1, 5, 6, 30});
+        chosen.includedInQuitAll = !once(4);
+        wishes_.own.insert_or_assign(bundleID, chosen);
+        house_->rules.upsert(chosen);
     }
     trail_.back() += ": " + bundleID;
     history_.wishesChanged();
 }
 
 void Day::changeDefaultRule() {
-    wishes_.others.quitAfterLastWindow = !once(4);
-    wishes_.others.inQuitAll = !once(4);
-    house_->rules.setDefaultRule(ruleFor("", wishes_.others));
+    wishes_.others.quitOnLastWindowClose = !once(4);
+    wishes_.others.includedInQuitAll = !once(4);
+    house_->rules.setDefaultRule(wishes_.others);
     history_.wishesChanged();
 }
 

@@ -12,47 +12,28 @@ constexpr std::size_t trailLength = 400;
 constexpr const char* logFile = "decisions.log";
 } // namespace
 
-/// Takes Ambrel's lines down between the steps, and counts those that say why something was held back.
+/// Takes Ambrel's lines down between the steps.
 class Day::Trail final : public LogSink {
 public:
-    Trail(std::deque<std::string>& lines, std::map<std::string, long>& reasons) : lines_(lines), reasons_(reasons) {
-        install(this);
-    }
+    explicit Trail(std::deque<std::string>& lines) : lines_(lines) { install(this); }
     Trail(const Trail&) = delete;
     Trail& operator=(const Trail&) = delete;
     ~Trail() override { install(nullptr); }
 
     void write(std::string_view category, LogLevel, std::string_view message) override {
         lines_.push_back(fmt::format("        {}: {}", category, message));
-        if (category == "engine") {
-            count(message);
-        }
     }
     [[nodiscard]] bool wants(LogLevel level) const override { return level != LogLevel::debug; }
 
 private:
-    void count(std::string_view message) {
-        static constexpr std::array reasons{
-            "paused; skipping quit",   "is hidden — windows",    "is hidden — skipping",   "minimized within 2s grace",
-            "never saw above",         "AX read failed at fire", "window reopened",        "cg-veto persisted",
-            "no longer hidden",        "launch artifact",        "window count not trust", "cancelled pending quit",
-            "paused; cancelled all",   "recreating all",         "recreating monitor",     "giving up on monitor",
-            "AX says 0 but the window"};
-        for (const auto* reason : reasons) {
-            if (message.find(reason) != std::string_view::npos) {
-                ++reasons_[reason];
-            }
-        }
-    }
-
     std::deque<std::string>& lines_;
-    std::map<std::string, long>& reasons_;
 };
 
 Day::Day(std::uint64_t number, Figures& figures)
-    : random_(number), calm_(once(2)), figures_(figures), sink_(std::make_unique<Trail>(trail_, figures.reasons)) {
+    : random_(number), calm_(once(2)), figures_(figures), sink_(std::make_unique<Trail>(trail_)) {
     for (const char* locked : {"com.apple.finder", "app.ambrel.Ambrel"}) {
-        wishes_.own[locked] = {.quitAfterLastWindow = false, .inQuitAll = false};
+        AppRule& rule = wishes_.own.try_emplace(locked, locked).first->second;
+        rule.quitOnLastWindowClose = rule.includedInQuitAll = false;
     }
     desktop_.environment().set("AMBREL_TERMLOG", home_.path() / logFile);
     startAmbrel();

@@ -13,8 +13,7 @@ namespace ambrel::walk {
 struct Figures {
     long steps = 0;
     long due = 0;
-    std::map<std::string, long> decisions; ///< lines of the decisions log by path and action
-    std::map<std::string, long> reasons{}; ///< log lines that say why a quit was held back
+    std::map<std::string, long> decisions{}; ///< lines of the decisions log by path and action
 };
 
 /// One day on a simulated desktop: applications, their user and the machine do what a random number says, and Ambrel

@@ -13,6 +13,7 @@ namespace {
 /// Dates are binary fractions.
 constexpr double slack = 1e-4;
 constexpr double secondCheck = 0.5;
+constexpr double longestCheck = 2.1;
 
 bool isEditor(const std::string& bundleID) {
     return strcasecmp(bundleID.c_str(), "com.apple.TextEdit") == 0;
@@ -85,7 +86,7 @@ void Statement::judgeLastWindow(const App& app, const AppHistory& history) {
     const double now = history_.now();
     const auto windows = DesktopHistory::count(app);
     claim(app.activationPolicy() == ActivationPolicy::regular, app, "is not an ordinary application");
-    claim(wishFor(app).quitAfterLastWindow, app, "is kept by its rule");
+    claim(wishFor(app).quitOnLastWindowClose, app, "is kept by its rule");
     claim(!wishes_.excluded.contains(*app.bundleIdentifier()) && app.bundleIdentifier() != "com.apple.finder", app,
           "is excluded");
     claim(!wishes_.paused && !history_.distrusted(), app, "was quit in a pause, or on a count not to be trusted");
@@ -121,9 +122,11 @@ void Statement::judgeHidden(const App& app, const AppHistory& history) {
 
 void Statement::judgeIdle(const App& app, const AppHistory& history, bool hides) {
     const auto& wish = wishFor(app);
-    const auto limit = Seconds(60.0 * static_cast<double>(std::max(wish.idleMinutes, 5L)) - slack);
-    const auto wanted = hides ? Wish::Idle::hide : Wish::Idle::quit;
-    claim(wishes_.own.contains(*app.bundleIdentifier()) && wish.whenIdle == wanted, app, "has no rule for idleness");
+    const auto limit =
+        Seconds(60.0 * static_cast<double>(std::max(wish.idleThresholdMinutes, std::int64_t{5})) - slack);
+    const auto wanted = hides ? AppRule::IdleBehavior::hide : AppRule::IdleBehavior::quit;
+    claim(wishes_.own.contains(*app.bundleIdentifier()) && wish.idleBehavior == wanted, app,
+          "has no rule for idleness");
     claim(app.activationPolicy() == ActivationPolicy::regular, app, "is not an ordinary application");
     claim(!wishes_.paused, app, "was idle in a pause");
     claim(desktop_.workspace().frontmostApplication().get() != &app, app, "is in front");
@@ -132,9 +135,37 @@ void Statement::judgeIdle(const App& app, const AppHistory& history, bool hides)
 }
 
 void Statement::judgeQuitAll(const App& app) {
-    claim(quittingAll && wishFor(app).inQuitAll, app, "was not meant by Quit All");
+    claim(quittingAll && wishFor(app).includedInQuitAll, app, "was not meant by Quit All");
     claim(app.bundleIdentifier() != "com.apple.finder" && app.activationPolicy() == ActivationPolicy::regular, app,
           "is nothing for Quit All");
+}
+
+void Statement::look() {
+    for (const auto& app : desktop_.workspace().applications()) {
+        judgeLiveness(*app, history_.of(*app));
+    }
+}
+
+/// An application that nothing has held back since it was watched with a window, and that has none, is quit.
+void Statement::judgeLiveness(const App& app, const AppHistory& history) {
+    const bool late = history_.now() > history.counted + history.delay + longestCheck;
+    if (!late || !mustQuit(app, history) || due_[&app] == history.counted) {
+        return;
+    }
+    due_[&app] = history.counted;
+    ++due;
+    claim(asked_["last-window"][&app] >= history.counted, app, "was not quit though nothing spoke against it");
+}
+
+bool Statement::mustQuit(const App& app, const AppHistory& history) const {
+    const auto bundleID = app.bundleIdentifier();
+    const double watched = std::max(history.upset, history_.calm) + attachment;
+    // Nobody counts anew because the threshold changes.
+    const bool countedSince = history.raised >= history_.turned || history_.begun > history_.turned;
+    return countedSince && app.activationPolicy() == ActivationPolicy::regular && bundleID &&
+           history.count <= wishes_.threshold() && watched <= history.above && wishFor(app).quitOnLastWindowClose &&
+           !wishes_.excluded.contains(*bundleID) && *bundleID != "com.apple.finder" &&
+           *bundleID != "app.ambrel.Ambrel" && !history.blind && wishes_.guard == Wishes::Guard::none;
 }
 
 void Statement::claim(bool holds, const App& app, const char* otherwise) {
@@ -144,7 +175,7 @@ void Statement::claim(bool holds, const App& app, const char* otherwise) {
     }
 }
 
-const Wish& Statement::wishFor(const App& app) const {
+const AppRule& Statement::wishFor(const App& app) const {
     return wishes_.of(app.bundleIdentifier().value_or(""));
 }
 

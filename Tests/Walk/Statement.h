@@ -35,11 +35,11 @@ private:
     void judgeHidden(const App& app, const AppHistory& history);
     void judgeIdle(const App& app, const AppHistory& history, bool hides);
     void judgeQuitAll(const App& app);
-    // When it must be asked: Statement+Due.cpp
+    // When it must be asked.
     void judgeLiveness(const App& app, const AppHistory& history);
     [[nodiscard]] bool mustQuit(const App& app, const AppHistory& history) const;
     void claim(bool holds, const App& app, const char* otherwise);
-    [[nodiscard]] const Wish& wishFor(const App& app) const;
+    [[nodiscard]] const AppRule& wishFor(const App& app) const;
 
     simulated::SimulatedPlatform& desktop_;
     const Wishes& wishes_;

@@ -43,10 +43,8 @@ void report(const Day& day) {
 void print(const Figures& figures, double seconds) {
     fmt::print("{} steps in {:.1f} s: {:.0f} steps/s; {} quits were due and came\n", figures.steps, seconds,
                static_cast<double>(figures.steps) / seconds, figures.due);
-    for (const auto* counts : {&figures.decisions, &figures.reasons}) {
-        for (const auto& [kind, count] : *counts) {
-            fmt::print("{:8} {}\n", count, kind);
-        }
+    for (const auto& [kind, count] : figures.decisions) {
+        fmt::print("{:8} {}\n", count, kind);
     }
 }
 

@@ -47,7 +47,6 @@ xcb_dpms_capable_reply_t* xcb_dpms_capable_reply(xcb_connection_t*, xcb_dpms_cap
 }
 
 xcb_dpms_info_cookie_t xcb_dpms_info_unchecked(xcb_connection_t* connection) {
-    ++ambrel::PlayedPowerLevel::questions;
     const auto carrier = xcb_get_input_focus_unchecked(connection);
     questions().insert(carrier.sequence);
     return {carrier.sequence};

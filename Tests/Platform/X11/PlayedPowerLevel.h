@@ -9,7 +9,6 @@ namespace ambrel {
 struct PlayedPowerLevel {
     static inline std::uint16_t level = 0;
     static inline bool isEnabled = true;
-    static inline int questions = 0; ///< that were asked so far
 };
 
 } // namespace ambrel

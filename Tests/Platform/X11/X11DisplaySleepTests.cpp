@@ -63,19 +63,6 @@ TEST_F(X11DisplaySleepTest, DarkIsBlankedOrSavingPower) {
     }
 }
 
-TEST_F(X11DisplaySleepTest, KnowsWhatWasSoBeforeTheStart) {
-    PlayedPowerLevel::level = XCB_DPMS_DPMS_MODE_SUSPEND;
-    displays.start();
-    EXPECT_TRUE(awaitAsleep(true));
-
-    X11DisplaySleep later(*connection);
-    PlayedPowerLevel::level = XCB_DPMS_DPMS_MODE_ON;
-    forceScreenSaver(XCB_SCREEN_SAVER_ACTIVE);
-    stir();
-    later.start();
-    EXPECT_TRUE(runUntil([&] { return later.isAsleep(); }));
-}
-
 TEST_F(X11DisplaySleepTest, DisplaysThatWakeSilentlyAreFoundOutByTheNextEvent) {
     displays.start();
     stir();
@@ -93,16 +80,13 @@ TEST_F(X11DisplaySleepTest, DisplaysThatWakeSilentlyAreFoundOutByTheNextEvent) {
     }));
 }
 
-TEST_F(X11DisplaySleepTest, AsksOnlyWhenTheScreenChanges) {
+TEST_F(X11DisplaySleepTest, ALevelThatIsNotInForceIsNone) {
     PlayedPowerLevel::level = XCB_DPMS_DPMS_MODE_OFF;
     PlayedPowerLevel::isEnabled = false;
     displays.start();
     stir();
-    const int before = PlayedPowerLevel::questions;
-    for (int event = 0; event < 10; ++event) {
-        stir();
-    }
-    EXPECT_EQ(PlayedPowerLevel::questions, before);
+    stir();
+    EXPECT_FALSE(displays.isAsleep());
     EXPECT_EQ(changeCount, 0);
 }
 

@@ -43,8 +43,6 @@ std::size_t takeOption(Options& options, const std::vector<std::string>& argumen
     const std::string& value = arguments[at + 1];
     if (name == "--machine") {
         options.machine = value;
-    } else if (name == "--gtk-id") {
-        options.gtkApplicationID = value;
     } else if (name == "--pid") {
         options.pid = parsePid(value);
         return options.pid ? 2 : 0;

@@ -14,7 +14,6 @@ struct Options {
     std::string className = "Ambrel-sample";
     std::optional<pid_t> pid; ///< `_NET_WM_PID`; absent: no such property
     std::string machine;
-    std::string gtkApplicationID;
     bool timestamps = false; ///< each line begins with CLOCK_MONOTONIC in seconds
     std::vector<std::string> commands;
 };

@@ -111,7 +111,7 @@ void SampleApp::deleteRequested(xcb_window_t window) {
         display_.destroy(window);
         break;
     case DeleteAnswer::confirm:
-        open("dialog", "confirm");
+        open(true);
         break;
     case DeleteAnswer::ignore:
         break;
@@ -128,10 +128,6 @@ SampleApp::Window* SampleApp::find(xcb_window_t window) {
     const auto found =
         std::ranges::find_if(windows_, [window](const auto& entry) { return entry.second.id == window; });
     return found == windows_.end() ? nullptr : &found->second;
-}
-
-xcb_window_t SampleApp::firstWindow() const {
-    return windows_.empty() ? static_cast<xcb_window_t>(XCB_NONE) : windows_.begin()->second.id;
 }
 
 } // namespace ambrel::sample

@@ -31,8 +31,8 @@ private:
     };
 
     void execute(std::string_view line);
-    void executeOnWindow(std::string_view verb, Window& window, std::string_view rest);
-    void open(std::string_view verb, std::string_view arguments);
+    void executeOnWindow(std::string_view verb, xcb_window_t window);
+    void open(bool isDialog);
     void storm(int count);
     bool executeOnTray(std::string_view verb);
     void forkChild();
@@ -44,7 +44,6 @@ private:
     void deleteRequested(xcb_window_t window);
     void reportMapped(xcb_window_t window);
     [[nodiscard]] Window* find(xcb_window_t window);
-    [[nodiscard]] xcb_window_t firstWindow() const;
 
     Options options_;
     Output output_;

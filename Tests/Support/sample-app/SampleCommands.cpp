@@ -25,37 +25,12 @@ int number(std::string_view text) {
     return error == std::errc() && end == text.data() + text.size() ? value : 0;
 }
 
-bool takeSize(std::string_view word, WindowRequest& request) {
-    const std::size_t cross = word.find('x');
-    if (cross == std::string_view::npos) {
-        return false;
-    }
-    const int width = number(word.substr(0, cross));
-    const int height = number(word.substr(cross + 1));
-    if (width <= 0 || height <= 0) {
-        return false;
-    }
-    request.width = static_cast<std::uint16_t>(width);
-    request.height = static_cast<std::uint16_t>(height);
-    return true;
-}
-
-std::string windowType(std::string_view verb) {
-    if (verb == "dialog") {
-        return "_NET_WM_WINDOW_TYPE_DIALOG";
-    }
-    if (verb == "utility") {
-        return "_NET_WM_WINDOW_TYPE_UTILITY";
-    }
-    return verb == "dock" ? "_NET_WM_WINDOW_TYPE_DOCK" : "_NET_WM_WINDOW_TYPE_NORMAL";
-}
-
 } // namespace
 
 void SampleApp::execute(std::string_view line) {
     const auto [verb, rest] = splitWord(line);
-    if (verb == "open" || verb == "dialog" || verb == "utility" || verb == "dock" || verb == "transient") {
-        open(verb, rest);
+    if (verb == "open" || verb == "dialog") {
+        open(verb == "dialog");
     } else if (verb == "ignore-term") {
         ignoresTerm_ = true;
     } else if (verb == "ignore-delete") {
@@ -80,13 +55,12 @@ void SampleApp::execute(std::string_view line) {
     } else if (verb == "exit") {
         finished_ = true;
     } else if (!executeOnTray(verb)) {
-        const auto [which, argument] = splitWord(rest);
-        const auto window = windows_.find(number(which));
+        const auto window = windows_.find(number(rest));
         if (window == windows_.end()) {
             output_.say("unknown: " + std::string(line));
             return;
         }
-        executeOnWindow(verb, window->second, argument);
+        executeOnWindow(verb, window->second.id);
     }
 }
 
@@ -105,44 +79,33 @@ bool SampleApp::executeOnTray(std::string_view verb) {
     return true;
 }
 
-void SampleApp::executeOnWindow(std::string_view verb, Window& window, std::string_view rest) {
+void SampleApp::executeOnWindow(std::string_view verb, xcb_window_t window) {
     if (verb == "close") {
-        display_.requestClose(window.id);
+        display_.requestClose(window);
     } else if (verb == "destroy") {
-        output_.say("destroying", window.id);
-        display_.destroy(window.id);
+        output_.say("destroying", window);
+        display_.destroy(window);
     } else if (verb == "withdraw") {
-        display_.withdraw(window.id);
+        display_.withdraw(window);
     } else if (verb == "map") {
-        display_.map(window.id);
+        display_.map(window);
     } else if (verb == "minimise") {
-        display_.minimise(window.id);
-    } else if (verb == "title") {
-        display_.setTitle(window.id, rest);
+        display_.minimise(window);
     } else {
         output_.say("unknown: " + std::string(verb));
     }
 }
 
-void SampleApp::open(std::string_view verb, std::string_view arguments) {
-    WindowRequest request;
-    request.type = windowType(verb);
-    const auto [size, title] = splitWord(arguments);
-    const std::string_view rest = takeSize(size, request) ? title : arguments;
-    if (!rest.empty()) {
-        request.title = rest;
-    }
-    if (verb == "dialog" || verb == "transient") {
-        request.transientFor = firstWindow();
-    }
-    const xcb_window_t window = display_.create(request, options_);
+void SampleApp::open(bool isDialog) {
+    const auto parent = windows_.empty() ? static_cast<xcb_window_t>(XCB_NONE) : windows_.begin()->second.id;
+    const xcb_window_t window = display_.create(options_, isDialog, isDialog ? parent : xcb_window_t{XCB_NONE});
     windows_[++opened_] = {window, false};
     display_.map(window);
 }
 
 void SampleApp::storm(int count) {
     for (int i = 0; i < count; ++i) {
-        const xcb_window_t window = display_.create({}, options_);
+        const xcb_window_t window = display_.create(options_);
         display_.map(window);
         display_.destroy(window);
     }

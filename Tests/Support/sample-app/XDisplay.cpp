@@ -34,24 +34,22 @@ xcb_atom_t XDisplay::atom(const std::string& name) {
     return atoms_[name] = reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
-xcb_window_t XDisplay::create(const WindowRequest& request, const Options& options) {
+xcb_window_t XDisplay::create(const Options& options, bool isDialog, xcb_window_t parent) {
     const xcb_window_t window = xcb_generate_id(connection());
     const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-    xcb_create_window(connection(), XCB_COPY_FROM_PARENT, window, root_, 0, 0, request.width, request.height, 0,
+    xcb_create_window(connection(), XCB_COPY_FROM_PARENT, window, root_, 0, 0, 300, 200, 0,
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);
-    setTitle(window, request.title);
+    setText(window, "_NET_WM_NAME", atom("UTF8_STRING"), "sample");
     setText(window, "WM_CLASS", XCB_ATOM_STRING, options.instance + '\0' + options.className + '\0');
     setText(window, "WM_CLIENT_MACHINE", XCB_ATOM_STRING, options.machine);
     setNumber(window, "WM_PROTOCOLS", XCB_ATOM_ATOM, atom("WM_DELETE_WINDOW"));
-    setNumber(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, atom(request.type));
+    setNumber(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM,
+              atom(isDialog ? "_NET_WM_WINDOW_TYPE_DIALOG" : "_NET_WM_WINDOW_TYPE_NORMAL"));
     if (options.pid) {
         setNumber(window, "_NET_WM_PID", XCB_ATOM_CARDINAL, static_cast<std::uint32_t>(*options.pid));
     }
-    if (!options.gtkApplicationID.empty()) {
-        setText(window, "_GTK_APPLICATION_ID", atom("UTF8_STRING"), options.gtkApplicationID);
-    }
-    if (request.transientFor != XCB_NONE) {
-        setNumber(window, "WM_TRANSIENT_FOR", XCB_ATOM_WINDOW, request.transientFor);
+    if (parent != XCB_NONE) {
+        setNumber(window, "WM_TRANSIENT_FOR", XCB_ATOM_WINDOW, parent);
     }
     return window;
 }
@@ -82,12 +80,6 @@ void XDisplay::minimise(xcb_window_t window) {
 
 void XDisplay::requestClose(xcb_window_t window) {
     sendToRoot(window, "_NET_CLOSE_WINDOW", XCB_CURRENT_TIME);
-}
-
-void XDisplay::setTitle(xcb_window_t window, std::string_view title) {
-    setText(window, "WM_NAME", XCB_ATOM_STRING, title);
-    setText(window, "_NET_WM_NAME", atom("UTF8_STRING"), title);
-    xcb_flush(connection());
 }
 
 xcb_window_t XDisplay::selectionOwner(const std::string& selection) {

@@ -13,15 +13,6 @@
 
 namespace ambrel::sample {
 
-/// What a new window says about itself.
-struct WindowRequest {
-    std::uint16_t width = 300;
-    std::uint16_t height = 200;
-    std::string title = "sample";
-    std::string type = "_NET_WM_WINDOW_TYPE_NORMAL";
-    xcb_window_t transientFor = XCB_NONE;
-};
-
 /// The X requests the application needs, each sent at once.
 class XDisplay {
 public:
@@ -32,7 +23,7 @@ public:
     [[nodiscard]] xcb_atom_t atom(const std::string& name);
 
     /// Created with all its properties, not yet mapped.
-    [[nodiscard]] xcb_window_t create(const WindowRequest& request, const Options& options);
+    [[nodiscard]] xcb_window_t create(const Options& options, bool isDialog = false, xcb_window_t parent = XCB_NONE);
     void map(xcb_window_t window);
     void destroy(xcb_window_t window);
     /// Unmapped as ICCCM 4.1.4 wants it, so that a window manager lets go of the window.
@@ -45,7 +36,6 @@ public:
     /// A small window for a tray to take.
     [[nodiscard]] xcb_window_t createIcon();
     void sendMessage(xcb_window_t window, const std::string& type, const std::vector<std::uint32_t>& data);
-    void setTitle(xcb_window_t window, std::string_view title);
     /// DestroyNotify of another client's window will be reported here.
     void watch(xcb_window_t window);
     /// Returns once the server has answered.
