@@ -191,7 +191,7 @@ TEST_F(DesignSystemTests, RingIsForTheKeyboardOnly) {
     })");
     ASSERT_EQ(stage.errors, "");
     const auto ringAt = [&](int y) {
-        return stage.picture().pixelColor(40, y) != QColor(Qt::white);
+        return stage.colorAt(40, y) != QColor(Qt::white);
     };
     stage.click("first");
     EXPECT_FALSE(ringAt(17));
@@ -272,10 +272,9 @@ TEST_F(DesignSystemTests, TextIsBoundedWhereAViewSaysSo) {
 TEST_F(DesignSystemTests, SymbolsTakeTheirColour) {
     Stage stage(R"(Rectangle { ABSymbol { name: "xmark.circle.fill"; color: "#00ff00"; size: 40 } })", {40, 40});
     ASSERT_EQ(stage.errors, "");
-    const auto picture = stage.picture();
-    EXPECT_EQ(picture.pixelColor(8, 20), QColor(0, 255, 0));
-    EXPECT_EQ(picture.pixelColor(20, 20), QColor(Qt::white)) << "the cross is cut out";
-    EXPECT_EQ(picture.pixelColor(1, 1), QColor(Qt::white));
+    EXPECT_EQ(stage.colorAt(8, 20), QColor(0, 255, 0));
+    EXPECT_EQ(stage.colorAt(20, 20), QColor(Qt::white)) << "the cross is cut out";
+    EXPECT_EQ(stage.colorAt(1, 1), QColor(Qt::white));
 }
 
 } // namespace

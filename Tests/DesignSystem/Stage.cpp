@@ -31,6 +31,11 @@ QImage Stage::picture() {
     return window_.grabWindow();
 }
 
+QColor Stage::colorAt(double x, double y) {
+    const double scale = window_.effectiveDevicePixelRatio();
+    return picture().pixelColor(static_cast<int>(x * scale), static_cast<int>(y * scale));
+}
+
 void Stage::click(const QString& name) {
     auto* const target = item(name);
     const auto middle = target->mapToScene({target->width() / 2, target->height() / 2});

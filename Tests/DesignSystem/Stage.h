@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 
+#include <QColor>
 #include <QImage>
 #include <QQmlEngine>
 #include <QQuickItem>
@@ -22,6 +23,8 @@ public:
     [[nodiscard]] QQuickItem* item(const QString& name = {}) const;
     /// The window's picture, in pixels of the device.
     [[nodiscard]] QImage picture();
+    /// Of the pixel at a place in the window's own units.
+    [[nodiscard]] QColor colorAt(double x, double y);
     void click(const QString& name);
     void press(Qt::Key key, const QString& text = {});
 

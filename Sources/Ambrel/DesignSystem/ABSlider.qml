@@ -15,7 +15,6 @@ T.Slider {
     implicitWidth: 150
     implicitHeight: ABRenderConfig.drawsPictures ? 20 : ABMetric.target
     snapMode: T.Slider.SnapAlways
-    opacity: enabled ? 1 : 0.4
     Accessible.role: Accessible.Slider
     Accessible.name: label
     onMoved: edited(stepped(value))
@@ -27,6 +26,9 @@ T.Slider {
     }
 
     background: Item {
+        // Not of the whole: the track would be seen through the knob.
+        opacity: root.enabled ? 1 : 0.4
+
         ABSurface {
             anchors.verticalCenter: parent.verticalCenter
             width: parent.width

@@ -18,7 +18,6 @@ T.AbstractButton {
 
     implicitWidth: trackWidth
     implicitHeight: ABMetric.target
-    opacity: enabled ? 1 : 0.4
     Accessible.role: Accessible.CheckBox
     Accessible.name: label
     Accessible.checkable: true
@@ -34,6 +33,8 @@ T.AbstractButton {
         anchors.centerIn: parent
         width: root.trackWidth
         height: root.trackHeight
+        // Not of the whole: the track would be seen through the knob.
+        opacity: root.enabled ? 1 : 0.4
         radius: height / 2
         color: root.isOn ? ABColor.accent : ABColor.surfaceHover
         edge: ABColor.controlEdge
