@@ -3,17 +3,23 @@
 #include "Core/MainQueue.h"
 #include "Engine/TerminationAudit.h"
 #include "Platform/Linux/JournalSink.h"
+#include "Platform/Linux/LinuxApplicationHost.h"
 #include "Platform/Linux/LinuxPlatform.h"
+#include "Platform/Linux/X11Connection.h"
+#include "ToolkitApplication.h"
+#include "UI/Windows.h"
 
 #include <cstdlib>
+#include <utility>
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 namespace ambrel {
 namespace {
 
 int run(LinuxPlatform& platform) {
     Platform::install(platform);
+    platform.applicationHost().setWindowQuestion([] { return Windows::shared().hasVisibleTitledWindow(); });
     AppDelegate delegate(platform, AppDelegate::Neighbours::shared());
     platform.mainQueue().async([&delegate] { delegate.applicationDidFinishLaunching(); });
     const int status = QCoreApplication::exec();
@@ -26,13 +32,15 @@ int run(LinuxPlatform& platform) {
 } // namespace ambrel
 
 int main(int argc, char* argv[]) {
-    const QCoreApplication application(argc, argv);
     ambrel::JournalSink journal;
     ambrel::LogSink::install(&journal);
-    auto created = ambrel::LinuxPlatform::create();
-    if (const auto* failure = std::get_if<ambrel::FileFailure>(&created)) {
+    // Before the toolkit looks for the server, which without one ends the process in its own words.
+    auto opened = ambrel::LinuxPlatform::connect();
+    if (const auto* failure = std::get_if<ambrel::FileFailure>(&opened)) {
         ambrel::Logger("lifecycle").error("there is no desktop to watch: {}", failure->description);
         return EXIT_FAILURE;
     }
-    return ambrel::run(*std::get<std::unique_ptr<ambrel::LinuxPlatform>>(created));
+    const auto application = ambrel::makeApplication(argc, argv);
+    ambrel::LinuxPlatform platform(std::move(std::get<std::unique_ptr<ambrel::X11Connection>>(opened)));
+    return ambrel::run(platform);
 }

@@ -5,7 +5,7 @@
 #include "Platform/Environment.h"
 #include "Platform/Platform.h"
 #include "State/AppSettings.h"
-#include "UI/SettingsWindowController.h"
+#include "UI/Windows.h"
 
 namespace ambrel {
 
@@ -28,7 +28,7 @@ void AppDelegate::scheduleHooks() {
 void AppDelegate::scheduleSettingsHook() {
     if (platform_.environment().isSet("AMBREL_OPEN_SETTINGS")) {
         platform_.mainQueue().asyncAfter(openSettingsDelay,
-                                         lifetime_.guard([this] { neighbours_.settingsWindow().show(); }));
+                                         lifetime_.guard([this] { neighbours_.windows().showSettings(); }));
     }
 }
 

@@ -15,9 +15,8 @@
 #include "Platform/Workspace.h"
 #include "State/AppSettings.h"
 #include "UI/Onboarding/Onboarding.h"
-#include "UI/Onboarding/OnboardingController.h"
-#include "UI/SettingsWindowController.h"
 #include "UI/StatusBar/StatusItemController.h"
+#include "UI/Windows.h"
 #include "Updates/UpdateController.h"
 
 #include <vector>
@@ -35,16 +34,9 @@ constexpr std::uint32_t quitAllModifiers = 0xB00;
 } // namespace
 
 AppDelegate::Neighbours AppDelegate::Neighbours::shared() {
-    return {AppSettings::shared,
-            DevGuard::shared,
-            StatusItemController::shared,
-            HotKeyManager::shared,
-            QuitAll::shared,
-            SettingsWindowController::shared,
-            OnboardingController::shared,
-            UpdateController::shared,
-            QuitNotifier::shared,
-            QuitEngine::shared};
+    return {AppSettings::shared,      DevGuard::shared,     StatusItemController::shared,
+            HotKeyManager::shared,    QuitAll::shared,      Windows::shared,
+            UpdateController::shared, QuitNotifier::shared, QuitEngine::shared};
 }
 
 AppDelegate::AppDelegate(Platform& platform, Neighbours neighbours)
@@ -133,7 +125,7 @@ void AppDelegate::installHotKey() {
 
 void AppDelegate::takeRoad() {
     if (!Onboarding::isCompleted(platform_.userDefaults())) {
-        neighbours_.onboarding().present(lifetime_.guard([this] { onboardingFinished(); }));
+        neighbours_.windows().presentOnboarding(lifetime_.guard([this] { onboardingFinished(); }));
     } else if (platform_.accessibility().isProcessTrusted()) {
         startEngine();
     } else {
@@ -177,7 +169,7 @@ void AppDelegate::dismissGateAndStart() {
 
 bool AppDelegate::applicationShouldHandleReopen(bool hasVisibleWindows) {
     if (!hasVisibleWindows) {
-        neighbours_.settingsWindow().show();
+        neighbours_.windows().showSettings();
     }
     return true;
 }

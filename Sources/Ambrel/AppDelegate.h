@@ -12,14 +12,13 @@ namespace ambrel {
 class AppSettings;
 class DevGuard;
 class HotKeyManager;
-class OnboardingController;
 class Platform;
 class QuitAll;
 class QuitEngine;
 class QuitNotifier;
-class SettingsWindowController;
 class StatusItemController;
 class UpdateController;
+class Windows;
 
 /// Owns the order in which everything comes up, and takes one of three roads: onboarding, the gate, or the engine.
 class AppDelegate {
@@ -32,8 +31,7 @@ public:
         std::function<StatusItemController&()> statusItem;
         std::function<HotKeyManager&()> hotKeys;
         std::function<QuitAll&()> quitAll;
-        std::function<SettingsWindowController&()> settingsWindow;
-        std::function<OnboardingController&()> onboarding;
+        std::function<Windows&()> windows;
         std::function<UpdateController&()> updates;
         std::function<QuitNotifier&()> notifier;
         std::function<QuitEngine&()> engine;

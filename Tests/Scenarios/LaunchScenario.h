@@ -4,8 +4,6 @@
 #include "Engine/HotKeyManager.h"
 #include "Scenarios/EngineScenario.h"
 #include "Scenarios/RecordedWindows.h"
-#include "UI/Onboarding/OnboardingController.h"
-#include "UI/SettingsWindowController.h"
 #include "UI/StatusBar/StatusItemController.h"
 #include "Updates/UpdateController.h"
 
@@ -24,8 +22,7 @@ protected:
         made.notifier = inHouse(&EngineHouse::notifier);
         made.engine = inHouse(&EngineHouse::engine);
         made.hotKeys = standing(hotKeys);
-        made.settingsWindow = standing(settingsWindow);
-        made.onboarding = standing(onboarding);
+        made.windows = standing<Windows>(windows);
         made.statusItem = [this]() -> StatusItemController& {
             return statusItem();
         };
@@ -52,8 +49,6 @@ protected:
     RecordedWindows windows;
     StatusIcons icons = StatusIcons::built();
     HotKeyManager hotKeys{desktop.hotKeyCenter()};
-    SettingsWindowController settingsWindow;
-    OnboardingController onboarding;
     std::optional<UpdateController> updates;
     std::optional<AppDelegate> delegate;
 

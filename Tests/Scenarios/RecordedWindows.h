@@ -28,6 +28,7 @@ public:
         opened.emplace_back("onboarding");
         onFinish();
     }
+    [[nodiscard]] bool hasVisibleTitledWindow() const override { return false; }
 
     std::optional<DropdownActions> dropdown; ///< while it is visible
     std::optional<QuitAllQuestion> question; ///< the latest one

@@ -7,7 +7,9 @@ class Appearance;
 class ApplicationHost;
 class BackgroundQueue;
 class Bundle;
+class ClickMonitor;
 class Clock;
+class Compositor;
 class Environment;
 class FileLocations;
 class HotKeyCenter;
@@ -40,6 +42,8 @@ public:
     [[nodiscard]] virtual StatusBar& statusBar() = 0;
     /// The first question makes it ask the desktop, so that a program that shows nothing asks nothing.
     [[nodiscard]] virtual Appearance& appearance() = 0;
+    [[nodiscard]] virtual ClickMonitor& clickMonitor() = 0;
+    [[nodiscard]] virtual Compositor& compositor() = 0;
     /// The real date, or the one of the simulated day.
     [[nodiscard]] virtual const Clock& wallClock() const = 0;
 

@@ -30,6 +30,9 @@ public:
     virtual void showRunningApps() = 0;
     virtual void presentOnboarding(std::function<void()> onFinish) = 0;
 
+    /// A window with a title is up.
+    [[nodiscard]] virtual bool hasVisibleTitledWindow() const = 0;
+
     [[nodiscard]] static Windows& shared();
 };
 

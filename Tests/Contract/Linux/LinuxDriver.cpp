@@ -3,6 +3,7 @@
 #include "Core/Files.h"
 #include "Platform/Linux/EventLoop.h"
 #include "Platform/Linux/LinuxPlatform.h"
+#include "Platform/Linux/X11Connection.h"
 #include "Platform/Workspace.h"
 #include "Support/SampleProcess.h"
 #include "Support/TextFile.h"
@@ -82,12 +83,12 @@ private:
 };
 
 std::unique_ptr<LinuxPlatform> createPlatform() {
-    auto created = LinuxPlatform::create();
-    if (const auto* failure = std::get_if<FileFailure>(&created)) {
+    auto opened = LinuxPlatform::connect();
+    if (const auto* failure = std::get_if<FileFailure>(&opened)) {
         std::cerr << failure->description << '\n';
         std::abort();
     }
-    return std::move(std::get<std::unique_ptr<LinuxPlatform>>(created));
+    return std::make_unique<LinuxPlatform>(std::move(std::get<std::unique_ptr<X11Connection>>(opened)));
 }
 
 class LinuxDriver final : public DesktopDriver {

@@ -20,6 +20,8 @@
 #include "Platform/Linux/SessionBus.h"
 #include "Platform/Linux/SniTrayItems.h"
 #include "Platform/Linux/ThreadBackgroundQueue.h"
+#include "Platform/Linux/X11ClickMonitor.h"
+#include "Platform/Linux/X11Compositor.h"
 #include "Platform/Linux/X11Connection.h"
 #include "Platform/Linux/X11HotKeyCenter.h"
 #include "Platform/Linux/X11TrayItems.h"
@@ -82,20 +84,18 @@ struct LinuxPlatform::Parts {
                               }}};
     ThreadBackgroundQueue background;
     std::unique_ptr<PortalAppearance> appearance;
+    X11ClickMonitor clicks{*connection};
+    X11Compositor compositor{*connection};
     Subscription lost;
     Subscription offered;
 };
 
-LinuxPlatform::Creation LinuxPlatform::create() {
-    auto opened = X11Connection::open({}, connectingLimit);
-    if (auto* const failure = std::get_if<FileFailure>(&opened)) {
-        return std::move(*failure);
-    }
-    auto parts = std::make_unique<Parts>(std::move(std::get<std::unique_ptr<X11Connection>>(opened)));
-    return std::unique_ptr<LinuxPlatform>(new LinuxPlatform(std::move(parts)));
+LinuxPlatform::Connection LinuxPlatform::connect() {
+    return X11Connection::open({}, connectingLimit);
 }
 
-LinuxPlatform::LinuxPlatform(std::unique_ptr<Parts> parts) : parts_(std::move(parts)) {}
+LinuxPlatform::LinuxPlatform(std::unique_ptr<X11Connection> connection)
+    : parts_(std::make_unique<Parts>(std::move(connection))) {}
 
 LinuxPlatform::~LinuxPlatform() = default;
 
@@ -160,6 +160,14 @@ Appearance& LinuxPlatform::appearance() {
         parts_->appearance = std::make_unique<PortalAppearance>();
     }
     return *parts_->appearance;
+}
+
+ClickMonitor& LinuxPlatform::clickMonitor() {
+    return parts_->clicks;
+}
+
+Compositor& LinuxPlatform::compositor() {
+    return parts_->compositor;
 }
 
 const Clock& LinuxPlatform::wallClock() const {

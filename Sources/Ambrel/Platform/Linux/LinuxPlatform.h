@@ -9,15 +9,17 @@
 namespace ambrel {
 
 class LinuxApplicationHost;
+class X11Connection;
 
 /// The desktop of an X11 session. Made after Qt's application object and destroyed before it.
 class LinuxPlatform final : public Platform {
 public:
-    using Creation = std::variant<std::unique_ptr<LinuxPlatform>, FileFailure>;
+    using Connection = std::variant<std::unique_ptr<X11Connection>, FileFailure>;
 
-    /// Fails where there is no X server to talk to. If the server goes later, a line is logged and the event loop
-    /// ends with status 1.
-    [[nodiscard]] static Creation create();
+    /// Fails where there is no X server to talk to. May be called before there is an application object.
+    [[nodiscard]] static Connection connect();
+    /// If the server goes later, a line is logged and the event loop ends with status 1.
+    explicit LinuxPlatform(std::unique_ptr<X11Connection> connection);
     LinuxPlatform(const LinuxPlatform&) = delete;
     LinuxPlatform& operator=(const LinuxPlatform&) = delete;
     ~LinuxPlatform() override;
@@ -37,6 +39,8 @@ public:
     [[nodiscard]] NotificationCenter& notificationCenter() override;
     [[nodiscard]] StatusBar& statusBar() override;
     [[nodiscard]] Appearance& appearance() override;
+    [[nodiscard]] ClickMonitor& clickMonitor() override;
+    [[nodiscard]] Compositor& compositor() override;
     [[nodiscard]] const Clock& wallClock() const override;
 
     /// For the user interface, which owns the windows that the host speaks of.
@@ -44,8 +48,6 @@ public:
 
 private:
     struct Parts;
-    explicit LinuxPlatform(std::unique_ptr<Parts> parts);
-
     std::unique_ptr<Parts> parts_;
 };
 

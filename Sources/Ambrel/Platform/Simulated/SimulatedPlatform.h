@@ -6,6 +6,8 @@
 #include "Platform/Simulated/SimulatedApplicationHost.h"
 #include "Platform/Simulated/SimulatedBackgroundQueue.h"
 #include "Platform/Simulated/SimulatedBundle.h"
+#include "Platform/Simulated/SimulatedClickMonitor.h"
+#include "Platform/Simulated/SimulatedCompositor.h"
 #include "Platform/Simulated/SimulatedEnvironment.h"
 #include "Platform/Simulated/SimulatedFileLocations.h"
 #include "Platform/Simulated/SimulatedHotKeyCenter.h"
@@ -40,6 +42,8 @@ public:
     [[nodiscard]] SimulatedNotificationCenter& notificationCenter() override { return notificationCenter_; }
     [[nodiscard]] SimulatedStatusBar& statusBar() override { return statusBar_; }
     [[nodiscard]] SimulatedAppearance& appearance() override { return appearance_; }
+    [[nodiscard]] SimulatedClickMonitor& clickMonitor() override { return clickMonitor_; }
+    [[nodiscard]] SimulatedCompositor& compositor() override { return compositor_; }
     [[nodiscard]] const Clock& wallClock() const override { return queue_.wallClock(); }
 
     /// Shorthands for what tests do all the time.
@@ -67,6 +71,8 @@ private:
     SimulatedNotificationCenter notificationCenter_;
     SimulatedAppearance appearance_;
     SimulatedStatusBar statusBar_;
+    SimulatedClickMonitor clickMonitor_;
+    SimulatedCompositor compositor_;
 };
 
 } // namespace ambrel::simulated

@@ -1,0 +1,68 @@
+import QtQuick
+import Ambrel.DesignSystem
+
+/// Shows one component at a time, and fades from the one before to it.
+Item {
+    id: root
+
+    property Component sourceComponent
+    /// Milliseconds before the fade begins.
+    property int delay: 0
+    readonly property Item item: front.item
+    property Loader front: first
+    property Loader back: second
+
+    onSourceComponentChanged: {
+        if (front.sourceComponent === null) {
+            front.sourceComponent = sourceComponent;
+            return;
+        }
+        fade.complete();
+        const leaving = front;
+        front = back;
+        back = leaving;
+        front.sourceComponent = sourceComponent;
+        fade.restart();
+    }
+
+    Loader {
+        id: first
+
+        anchors.fill: parent
+        focus: root.front === first
+    }
+    Loader {
+        id: second
+
+        anchors.fill: parent
+        focus: root.front === second
+    }
+
+    SequentialAnimation {
+        id: fade
+
+        PropertyAction {
+            target: root.front
+            property: "opacity"
+            value: 0
+        }
+        PauseAnimation {
+            duration: root.delay
+        }
+        ParallelAnimation {
+            ABFade {
+                target: root.front
+                property: "opacity"
+                to: 1
+            }
+            ABFade {
+                target: root.back
+                property: "opacity"
+                to: 0
+            }
+        }
+        ScriptAction {
+            script: root.back.sourceComponent = null
+        }
+    }
+}

@@ -1,0 +1,59 @@
+#include "UI/QuickWindows.h"
+
+#include "DesignSystem/DesignSystem.h"
+#include "Platform/ClickMonitor.h"
+#include "Platform/Compositor.h"
+#include "Platform/Platform.h"
+#include "Platform/Workspace.h"
+#include "State/AppSettings.h"
+
+#include <utility>
+
+void qml_register_types_Ambrel_UI();
+
+namespace ambrel {
+
+namespace {
+
+/// The types register themselves, if only the linker keeps them: a static library gives what somebody names.
+void registerViews() {
+    registerDesignSystem();
+    [[maybe_unused]] void (*const volatile keep)() = &qml_register_types_Ambrel_UI;
+}
+
+} // namespace
+
+QuickWindows::QuickWindows(const WindowsNeighbours& neighbours)
+    : appearance_(neighbours.platform.appearance()), settings_(neighbours.settings), engine_(neighbours.engine),
+      stage_(neighbours.platform.mainQueue()), dock_(neighbours.platform.application(), neighbours.settings, stage_),
+      settingsWindow_({stage_, neighbours.platform.compositor(), dock_, neighbours.settings, settings_, engine_}),
+      panelNeighbours_{stage_, neighbours.platform.compositor(), neighbours.platform.clickMonitor(),
+                       neighbours.platform.workspace()},
+      dropdown_(panelNeighbours_, settings_, engine_), confirmation_(panelNeighbours_) {
+    registerViews();
+}
+
+void QuickWindows::showDropdown(const StatusItemPlace& place, DropdownActions actions) {
+    confirmation_.close();
+    dropdown_.show(place, std::move(actions));
+}
+
+void QuickWindows::confirmQuitAll(const StatusItemPlace& place, QuitAllQuestion question) {
+    dropdown_.dismiss();
+    confirmation_.ask(place, std::move(question));
+}
+
+void QuickWindows::showRunningApps() {
+    log_.notice("the Running Apps window is not there yet");
+}
+
+void QuickWindows::presentOnboarding(std::function<void()> onFinish) {
+    log_.notice("onboarding is not there yet");
+    onFinish();
+}
+
+} // namespace ambrel
+
+extern "C" void ambrelMakeWindows(const ambrel::WindowsNeighbours& neighbours, std::unique_ptr<ambrel::Windows>& made) {
+    made = std::make_unique<ambrel::QuickWindows>(neighbours);
+}

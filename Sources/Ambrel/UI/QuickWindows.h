@@ -1,0 +1,44 @@
+#pragma once
+
+#include "Core/Logger.h"
+#include "UI/Models/EngineModel.h"
+#include "UI/Models/SettingsModel.h"
+#include "UI/Settings/SettingsWindowController.h"
+#include "UI/Stage/AppearanceFeed.h"
+#include "UI/Stage/DockPresence.h"
+#include "UI/Stage/Stage.h"
+#include "UI/StatusBar/DropdownPanel.h"
+#include "UI/StatusBar/QuitAllConfirmation.h"
+#include "UI/Windows.h"
+#include "UI/WindowsNeighbours.h"
+
+namespace ambrel {
+
+/// The windows, drawn by Qt Quick.
+class QuickWindows final : public Windows {
+public:
+    explicit QuickWindows(const WindowsNeighbours& neighbours);
+
+    void showDropdown(const StatusItemPlace& place, DropdownActions actions) override;
+    void dismissDropdown() override { dropdown_.dismiss(); }
+    [[nodiscard]] bool isDropdownVisible() const override { return dropdown_.isVisible(); }
+    void confirmQuitAll(const StatusItemPlace& place, QuitAllQuestion question) override;
+    void showSettings() override { settingsWindow_.show(); }
+    void showRunningApps() override;
+    void presentOnboarding(std::function<void()> onFinish) override;
+    [[nodiscard]] bool hasVisibleTitledWindow() const override { return stage_.hasVisibleTitledWindow(); }
+
+private:
+    AppearanceFeed appearance_;
+    SettingsModel settings_;
+    EngineModel engine_;
+    Stage stage_;
+    DockPresence dock_;
+    SettingsWindowController settingsWindow_;
+    KeyablePanel::Neighbours panelNeighbours_;
+    DropdownPanel dropdown_;
+    QuitAllConfirmation confirmation_;
+    Logger log_{"ui"};
+};
+
+} // namespace ambrel

@@ -1,0 +1,47 @@
+import QtQuick
+import Ambrel.DesignSystem
+import Ambrel.UI
+
+/// The settings in one of their two forms.
+Item {
+    id: root
+
+    required property SettingsModel settings
+    required property EngineModel engine
+    property bool isAdvanced: false
+
+    Component.onCompleted: isAdvanced = settings.settingsAdvancedMode
+
+    function setAdvanced(value: bool): void {
+        isAdvanced = value;
+        settings.settingsAdvancedMode = value;
+    }
+
+    WindowSizer {
+        isAdvanced: root.settings.settingsAdvancedMode
+    }
+
+    Crossfade {
+        anchors.fill: parent
+        delay: 50
+        sourceComponent: root.isAdvanced ? advanced : simple
+    }
+
+    Component {
+        id: simple
+
+        SimpleSettingsView {
+            settings: root.settings
+            onShowAdvanced: root.setAdvanced(true)
+        }
+    }
+    Component {
+        id: advanced
+
+        AdvancedSettingsView {
+            settings: root.settings
+            engine: root.engine
+            onHideAdvanced: root.setAdvanced(false)
+        }
+    }
+}

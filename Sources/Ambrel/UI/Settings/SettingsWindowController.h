@@ -1,0 +1,48 @@
+#pragma once
+
+#include "Core/Signal.h"
+
+#include <memory>
+
+#include <QObject>
+
+class QQuickView;
+
+namespace ambrel {
+
+class AppSettings;
+class Compositor;
+class DockPresence;
+class EngineModel;
+class SettingsModel;
+class Stage;
+
+/// The settings window: built when it is first shown, hidden when it is closed, and built anew after the stage has
+/// let go of its views.
+class SettingsWindowController {
+public:
+    struct Neighbours {
+        Stage& stage;
+        Compositor& compositor;
+        DockPresence& dock;
+        AppSettings& settings;
+        SettingsModel& settingsModel;
+        EngineModel& engineModel;
+    };
+
+    explicit SettingsWindowController(Neighbours neighbours);
+    SettingsWindowController(const SettingsWindowController&) = delete;
+    SettingsWindowController& operator=(const SettingsWindowController&) = delete;
+    ~SettingsWindowController();
+
+    void show();
+
+private:
+    void makeWindow();
+
+    Neighbours neighbours_;
+    std::unique_ptr<QQuickView> window_;
+    Subscription lettingGo_;
+};
+
+} // namespace ambrel

@@ -1,0 +1,11 @@
+#pragma once
+
+class QQuickView;
+
+namespace ambrel {
+
+/// Lets `window` come in: its content grows from `scaleFrom` on a spring, and the window fades from `fromAlpha` within
+/// `duration` seconds.
+void animateWindowIn(QQuickView& window, double scaleFrom, double fromAlpha, double duration);
+
+} // namespace ambrel

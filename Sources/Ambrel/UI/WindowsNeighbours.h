@@ -1,0 +1,22 @@
+#pragma once
+
+#include <memory>
+
+namespace ambrel {
+
+class AppSettings;
+class Platform;
+class QuitEngine;
+class Windows;
+
+/// What the windows show and command.
+struct WindowsNeighbours {
+    Platform& platform;
+    AppSettings& settings;
+    QuitEngine& engine;
+};
+
+/// The one function that the library of windows offers, by the name `ambrelMakeWindows`.
+using MakeWindows = void(const WindowsNeighbours& neighbours, std::unique_ptr<Windows>& made);
+
+} // namespace ambrel

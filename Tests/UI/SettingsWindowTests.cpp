@@ -1,0 +1,88 @@
+#include "UI/ViewTest.h"
+
+#include <QPointer>
+#include <gmock/gmock.h>
+
+namespace ambrel {
+namespace {
+
+class SettingsWindow : public ViewTest {
+protected:
+    [[nodiscard]] bool hasSize(int width, int height) {
+        return eventually([=, this] { return window()->size() == QSize(width, height); });
+    }
+    [[nodiscard]] std::vector<std::string> lines() { return log.texts("settings"); }
+};
+
+TEST_F(SettingsWindow, ChangesItsFormAboutItsCentreAndRemembersIt) {
+    windows().showSettings();
+    ASSERT_TRUE(eventually([this] { return lines().size() == 1; }));
+    const auto centre = window()->geometry().center();
+    EXPECT_EQ(window()->size(), QSize(480, 360));
+    EXPECT_EQ(window()->maximumSize(), QSize(480, 360));
+
+    click("Advanced…");
+    ASSERT_TRUE(eventually([this] { return lines().size() == 2; }));
+    EXPECT_EQ(window()->size(), QSize(720, 620));
+    EXPECT_EQ(window()->minimumSize(), QSize(640, 540));
+    EXPECT_LE((window()->geometry().center() - centre).manhattanLength(), 2);
+    EXPECT_TRUE(house().settings.settingsAdvancedMode.get());
+
+    click("Hide Advanced");
+    ASSERT_TRUE(eventually([this] { return lines().size() == 3; }));
+    EXPECT_EQ(window()->size(), QSize(480, 360));
+    EXPECT_THAT(lines(),
+                testing::ElementsAre("settings window -> simple 480x360", "settings window -> advanced 720x620",
+                                     "settings window -> simple 480x360"));
+}
+
+TEST_F(SettingsWindow, OpensInTheFormItWasLeftIn) {
+    house().settings.settingsAdvancedMode.set(true);
+    windows().showSettings();
+    EXPECT_EQ(window()->size(), QSize(720, 620));
+    EXPECT_TRUE(shows("App Rules"));
+}
+
+TEST_F(SettingsWindow, HasAPlaceInTheTaskBarWhileItIsOpen) {
+    for (const bool showDockIcon : {false, true}) {
+        house().settings.showDockIcon.set(showDockIcon);
+        windows().showSettings();
+        EXPECT_EQ(desktop.application().policy, ActivationPolicy::regular);
+        EXPECT_TRUE(windows().hasVisibleTitledWindow());
+        window()->close();
+        EXPECT_EQ(desktop.application().policy == ActivationPolicy::regular, showDockIcon);
+        EXPECT_FALSE(windows().hasVisibleTitledWindow());
+    }
+}
+
+TEST_F(SettingsWindow, IsLetGoOfSomeTimeAfterItHasClosedAndNotBefore) {
+    windows().showSettings();
+    const QPointer<QQuickView> first = window();
+    desktop.advance(3600);
+    EXPECT_FALSE(first.isNull()) << "a window that is open stays";
+    first->close();
+    desktop.advance(29);
+    EXPECT_FALSE(first.isNull());
+    windows().showSettings();
+    EXPECT_EQ(window(), first) << "opened again soon, it is the same";
+    first->close();
+    desktop.advance(31);
+    EXPECT_TRUE(first.isNull());
+    windows().showSettings();
+    EXPECT_TRUE(shows("Ambrel"));
+}
+
+TEST_F(SettingsWindow, BindsItsSwitchesBothWays) {
+    auto& settings = house().settings;
+    windows().showSettings();
+    click("Auto-quit on close");
+    EXPECT_TRUE(settings.isPaused.get());
+    settings.isPaused.set(false);
+    EXPECT_TRUE(element("Auto-quit on close")->state().checked);
+    const bool before = settings.quitOnlyWhenOneWindowLeft.get();
+    click("Quit only after the last window closes");
+    EXPECT_NE(settings.quitOnlyWhenOneWindowLeft.get(), before);
+}
+
+} // namespace
+} // namespace ambrel
