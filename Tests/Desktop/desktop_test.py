@@ -1,5 +1,6 @@
 """The fixture of the desktop tests: programs that end with their test, and a verdict on Ambrel's own words."""
 import os
+import pathlib
 import re
 import signal
 import sys
@@ -124,6 +125,7 @@ def main():
     result = program.result
     report = os.environ.get("AMBREL_TEST_REPORT")
     if report:
+        pathlib.Path(report).parent.mkdir(parents=True, exist_ok=True)
         xml.ElementTree(xml.Element("testsuites", tests=str(result.testsRun), skipped=str(len(result.skipped)),
                                     failures=str(len(result.failures)), errors=str(len(result.errors)))).write(report)
     sys.exit(0 if result.wasSuccessful() else 1)

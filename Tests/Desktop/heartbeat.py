@@ -13,8 +13,12 @@ PAUSE_SECONDS = 0.05
 class Heartbeat(Sample):
     """Opens and closes its second window all the time, and measures how long Ambrel takes to say so."""
 
-    def __init__(self, ambrel):
+    @staticmethod
+    def install():
+        """To be called before Ambrel starts, which may learn of an entry later than of its application's window."""
         install_entry(NAME)
+
+    def __init__(self, ambrel):
         super().__init__(NAME)
         self.open()
         ambrel.wait_for(f"pid {self.pid} windows=1 aboveThreshold=true")

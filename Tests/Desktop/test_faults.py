@@ -19,6 +19,7 @@ NO_NOTIFICATION = "error notify: notification (add|authorization) failed: "
 
 class Faults(DesktopTest):
     def start_with_heartbeat(self, **arguments):
+        Heartbeat.install()
         ambrel = self.start_ambrel(**arguments)
         return ambrel, self.keep(Heartbeat(ambrel))
 

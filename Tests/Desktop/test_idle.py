@@ -1,19 +1,14 @@
 """Applications that their own rules hide when they have not been in front for a while."""
-import subprocess
-
 import desktop_test
 from desktop_test import CANARY, SUBJECT, DesktopTest
 from programs import wait_until
+from windows import activate
 
 QUICK = {"AMBREL_IDLE_EVAL_INTERVAL": "0.2", "AMBREL_IDLE_THRESHOLD_SECONDS": "2"}
 # Rules about idling that are older than this program's care for them are cleared once.
 OPTED_IN = {"idleBehaviorResetForSafetyV1": True}
 RULES = {"rules": [{"bundleIdentifier": SUBJECT, "idleBehavior": "hide"}], "defaultRule": {"bundleIdentifier": "*"}}
 HIDES = f"idle: idle-hide {SUBJECT} (idle 2s)"
-
-
-def activate(window):
-    subprocess.run(["wmctrl", "-i", "-a", window], check=True)
 
 
 class Idle(DesktopTest):

@@ -40,6 +40,17 @@ def close(window):
     _run("wmctrl", "-i", "-c", window.id)
 
 
+def activate(identifier):
+    """Brings a window to the front; a window manager that is busy with another one may pass over the request."""
+
+    def is_active():
+        _run("wmctrl", "-i", "-a", identifier)
+        active = _run("xprop", "-root", "32x", " $0", "_NET_ACTIVE_WINDOW").stdout.split()[-1]
+        return int(active, 16) == int(identifier, 16)
+
+    wait_until(is_active, f"window {identifier} is in front")
+
+
 def is_hidden(window):
     """Minimised, in the window manager's own words."""
     return "_NET_WM_STATE_HIDDEN" in _run("xprop", "-id", window.id, "_NET_WM_STATE").stdout

@@ -52,7 +52,8 @@ void SessionBus::ask() {
                  [this](sd_bus_message*) {
                      answered_ = true;
                      // The probe can't end in its own call.
-                     QMetaObject::invokeMethod(&later_, [this] { open(); }, Qt::QueuedConnection);
+                     QMetaObject::invokeMethod(
+                         &later_, [this] { open(); }, Qt::QueuedConnection);
                  });
 }
 
