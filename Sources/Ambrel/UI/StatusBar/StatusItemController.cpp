@@ -106,19 +106,21 @@ void StatusItemController::statusButtonClicked() {
 
 Windows::DropdownActions StatusItemController::actions() {
     return {.togglePause = lifetime_.guard([this] { togglePause(); }),
-            .quitAll = lifetime_.guard([this] {
-                windows_.dismissDropdown();
-                quitAllAction();
-            }),
-            .runningApps = lifetime_.guard([this] {
-                windows_.dismissDropdown();
-                windows_.showRunningApps();
-            }),
-            .openSettings = lifetime_.guard([this] {
-                windows_.dismissDropdown();
-                windows_.showSettings();
-            }),
+            .quitAll = lifetime_.guard([this] { dismissAndQuitAll(); }),
+            .runningApps = lifetime_.guard([this] { dismissAnd(&Windows::showRunningApps); }),
+            .openSettings = lifetime_.guard([this] { dismissAnd(&Windows::showSettings); }),
             .quitApp = lifetime_.guard([this] { platform_.application().terminate(); })};
+}
+
+// Dismissing may drop the very closure that runs: what comes after it must not need what that has captured.
+void StatusItemController::dismissAnd(void (Windows::*show)()) {
+    windows_.dismissDropdown();
+    (windows_.*show)();
+}
+
+void StatusItemController::dismissAndQuitAll() {
+    windows_.dismissDropdown();
+    quitAllAction();
 }
 
 void StatusItemController::togglePause() {

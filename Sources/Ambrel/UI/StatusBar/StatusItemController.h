@@ -40,6 +40,8 @@ private:
     void setTint(double amount);
     void statusButtonClicked();
     void togglePause();
+    void dismissAnd(void (Windows::*show)());
+    void dismissAndQuitAll();
     void runQuitAll(bool force);
     [[nodiscard]] Windows::DropdownActions actions();
     [[nodiscard]] std::string describeImage() const;
