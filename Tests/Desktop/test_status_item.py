@@ -9,7 +9,7 @@ import Xlib.error
 
 import desktop_test
 from desktop_test import DesktopTest
-from programs import Program, wait_until
+from programs import wait_until
 
 WATCHER, WATCHER_PATH = "org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher"
 ITEM, ITEM_PATH = "org.kde.StatusNotifierItem", "/StatusNotifierItem"
@@ -79,8 +79,11 @@ class StatusItem(DesktopTest):
         wait_until(lambda: self.screen.windows("panel"), "the tray is there")
         return trayer
 
+    def start_helper(self, name, *arguments):
+        return self.start("/usr/bin/python3", "-B", str(pathlib.Path(__file__).parent / name), *arguments, name=name)
+
     def start_watcher(self):
-        watcher = self.keep(Program(["/usr/bin/python3", "-B", str(pathlib.Path(__file__).parent / "sni_watcher.py")]))
+        watcher = self.start_helper("sni_watcher.py")
         watcher.wait_for("watching")
         return watcher
 
@@ -261,9 +264,22 @@ class InAPanel(StatusItem):
     def panel(self):
         return self.screen.pixels(0, 0, self.screen.display.screen().width_in_pixels, self.PANEL_HEIGHT)
 
-    def test_icon_is_seen_and_clicked(self):
+    def start_panel(self):
         self.start("env", "XFCE_PANEL_MIGRATE_DEFAULT=1", "xfce4-panel", "--disable-wm-check", name="panel")
         wait_until(lambda: dbus.SessionBus().name_has_owner(WATCHER), "the watcher is there")
+
+    def test_colour_follows_the_desktop(self):
+        self.start_panel()
+        self.start_with_icon()
+        wait_until(self.find_icon, "it is light where nobody says what the panel is like")
+        portal = self.start_helper("settings_portal.py", "2")
+        portal.wait_for("is there")
+        wait_until(lambda: not self.find_icon(), "it is dark on a light desktop")
+        portal.say("1")
+        wait_until(self.find_icon, "it is light on a dark one")
+
+    def test_icon_is_seen_and_clicked(self):
+        self.start_panel()
         ambrel = self.start_with_icon(environment={"AMBREL_HIDE_ICON_AFTER": "8"})
         self.wait_for_item()
         place = wait_until(self.find_icon, "the icon is seen in the panel")

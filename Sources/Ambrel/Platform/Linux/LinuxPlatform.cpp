@@ -56,6 +56,16 @@ struct LinuxPlatform::Parts {
         connection->start();
     }
 
+    PortalAppearance& askedAppearance() {
+        if (!appearance) {
+            appearance = std::make_unique<PortalAppearance>();
+            recoloured = appearance->didChange.subscribe([this] { statusBar.panelDidChange.emit(); });
+        }
+        return *appearance;
+    }
+    /// Most panels are dark on desktops that don't say.
+    [[nodiscard]] bool isPanelDark() { return askedAppearance().current().colorScheme != ColorScheme::light; }
+
     SystemClock clock;
     LinuxMainQueue queue;
     ProcessEnvironment environment;
@@ -79,8 +89,8 @@ struct LinuxPlatform::Parts {
     LinuxSession session{*connection};
     X11HotKeyCenter hotKeys{*connection};
     LinuxNotificationCenter notifications{bus, queue};
-    LinuxStatusBar statusBar{{*connection, traySelection, windowServer, queue, [] {
-                                  return true;
+    LinuxStatusBar statusBar{{*connection, traySelection, windowServer, queue, [this] {
+                                  return isPanelDark();
                               }}};
     ThreadBackgroundQueue background;
     std::unique_ptr<PortalAppearance> appearance;
@@ -88,6 +98,7 @@ struct LinuxPlatform::Parts {
     X11Compositor compositor{*connection};
     Subscription lost;
     Subscription offered;
+    Subscription recoloured;
 };
 
 LinuxPlatform::Connection LinuxPlatform::connect() {
@@ -156,10 +167,7 @@ StatusBar& LinuxPlatform::statusBar() {
 }
 
 Appearance& LinuxPlatform::appearance() {
-    if (!parts_->appearance) {
-        parts_->appearance = std::make_unique<PortalAppearance>();
-    }
-    return *parts_->appearance;
+    return parts_->askedAppearance();
 }
 
 ClickMonitor& LinuxPlatform::clickMonitor() {

@@ -38,7 +38,7 @@ void LinuxStatusItem::setVisible(bool visible) {
 }
 
 void LinuxStatusItem::appear() {
-    bus_ = std::make_unique<SniItem>(services_.queue, identifier_, title_);
+    bus_ = std::make_unique<SniItem>(services_.queue, services_.isPanelDark, identifier_, title_);
     watcherObserver_ = bus_->watcherDidChange.subscribe([this] { watcherChanged(); });
     busClicks_ = bus_->activated.subscribe([this](int x, int y) { activated(x, y); });
     bus_->setMenu(menu_);
@@ -72,7 +72,7 @@ StatusItemPlace LinuxStatusItem::place() const {
 void LinuxStatusItem::show() {
     embedded_.setLook(look_);
     if (bus_) {
-        bus_->setLook(look_, foregroundOn(services_.isPanelDark()));
+        bus_->setLook(look_);
     }
 }
 

@@ -92,8 +92,8 @@ const sd_bus_vtable SniItem::Table::rows[] = {
     SD_BUS_SIGNAL("NewStatus", "s", 0),
     SD_BUS_VTABLE_END};
 
-SniItem::SniItem(MainQueue& queue, std::string identifier, std::string title)
-    : queue_(queue), identifier_(std::move(identifier)), title_(std::move(title)),
+SniItem::SniItem(MainQueue& queue, std::function<bool()> isPanelDark, std::string identifier, std::string title)
+    : queue_(queue), isPanelDark_(std::move(isPanelDark)), identifier_(std::move(identifier)), title_(std::move(title)),
       bus_(AsyncBus::open(AsyncBus::Kind::session)), menu_(queue, bus_.get()) {
     if (bus_) {
         bus_->offer(itemPath, itemInterface, Table::rows, this);
@@ -144,9 +144,8 @@ void SniItem::setWatched(bool watched) {
     }
 }
 
-void SniItem::setLook(IconLook look, IconColour foreground) {
+void SniItem::setLook(IconLook look) {
     look_ = std::move(look);
-    foreground_ = foreground;
     // Trays fetch an icon when they are told of it; one that is behind gets the latest at once.
     if (bus_ && isWatched_.value_or(false) && !std::exchange(hasNews_, true)) {
         bus_->emitSignal(itemPath, itemInterface, "NewIcon");
@@ -160,7 +159,7 @@ void SniItem::activate(int x, int y) {
 
 int SniItem::appendPixmaps(sd_bus_message* reply) {
     hasNews_ = false;
-    const auto colour = tinted(foreground_, look_.tint);
+    const auto colour = tinted(foregroundOn(isPanelDark_()), look_.tint);
     sd_bus_message_open_container(reply, SD_BUS_TYPE_ARRAY, "(iiay)");
     for (const auto& mask : look_.picture) {
         appendPixmap(reply, mask, colour);

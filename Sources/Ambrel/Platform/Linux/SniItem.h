@@ -18,15 +18,15 @@ class MainQueue;
 /// lives. It is registered with whichever watcher is there, or comes, or comes back.
 class SniItem {
 public:
-    /// `queue` must outlive this object.
-    SniItem(MainQueue& queue, std::string identifier, std::string title);
+    /// `queue` must outlive this object. `isPanelDark` is asked when a tray fetches the icon.
+    SniItem(MainQueue& queue, std::function<bool()> isPanelDark, std::string identifier, std::string title);
     SniItem(const SniItem&) = delete;
     SniItem& operator=(const SniItem&) = delete;
     ~SniItem();
 
     /// Looks for a watcher; `watcherDidChange` tells what is found.
     void start();
-    void setLook(IconLook look, IconColour foreground);
+    void setLook(IconLook look);
     void setMenu(std::vector<StatusMenuEntry> entries) { menu_.setEntries(std::move(entries)); }
     /// Whether a watcher takes items; absent until that is known.
     [[nodiscard]] std::optional<bool> isWatched() const { return isWatched_; }
@@ -46,10 +46,10 @@ private:
     int appendPixmaps(sd_bus_message* reply);
 
     MainQueue& queue_;
+    std::function<bool()> isPanelDark_;
     std::string identifier_;
     std::string title_;
     IconLook look_;
-    IconColour foreground_;
     bool hasNews_ = false; ///< told, and not yet fetched
     std::optional<bool> isWatched_;
     Lifetime lifetime_;
