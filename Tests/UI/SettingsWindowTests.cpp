@@ -40,7 +40,9 @@ TEST_F(SettingsWindow, OpensInTheFormItWasLeftIn) {
     house().settings.settingsAdvancedMode.set(true);
     windows().showSettings();
     EXPECT_EQ(window()->size(), QSize(720, 620));
-    EXPECT_TRUE(shows("App Rules"));
+    ASSERT_TRUE(shows("App Rules"));
+    press(Qt::Key_Down);
+    EXPECT_TRUE(element("App Rules")->state().selected) << "the keyboard begins in the list of tabs";
 }
 
 TEST_F(SettingsWindow, HasAPlaceInTheTaskBarWhileItIsOpen) {

@@ -2,7 +2,7 @@ import QtQuick
 import Ambrel.DesignSystem
 
 /// Shows one component at a time, and fades from the one before to it.
-Item {
+FocusScope {
     id: root
 
     property Component sourceComponent

@@ -4,7 +4,7 @@ import Ambrel.DesignSystem
 import Ambrel.UI
 
 /// Every setting, in tabs.
-Item {
+FocusScope {
     id: root
 
     required property SettingsModel settings
@@ -23,6 +23,7 @@ Item {
     SettingsSidebar {
         id: sidebar
 
+        focus: true
         width: 200
         height: parent.height
         anchors.left: parent.left

@@ -3,12 +3,14 @@ import Ambrel.DesignSystem
 import Ambrel.UI
 
 /// The settings in one of their two forms.
-Item {
+FocusScope {
     id: root
 
     required property SettingsModel settings
     required property EngineModel engine
     property bool isAdvanced: false
+
+    focus: true
 
     Component.onCompleted: isAdvanced = settings.settingsAdvancedMode
 
@@ -23,6 +25,7 @@ Item {
 
     Crossfade {
         anchors.fill: parent
+        focus: true
         delay: 50
         sourceComponent: root.isAdvanced ? advanced : simple
     }
@@ -31,6 +34,7 @@ Item {
         id: simple
 
         SimpleSettingsView {
+            focus: true
             settings: root.settings
             onShowAdvanced: root.setAdvanced(true)
         }
@@ -39,6 +43,7 @@ Item {
         id: advanced
 
         AdvancedSettingsView {
+            focus: true
             settings: root.settings
             engine: root.engine
             onHideAdvanced: root.setAdvanced(false)

@@ -20,8 +20,9 @@ FocusScope {
 
     function move(step: int): void {
         const next = Math.max(0, Math.min(tabs.length - 1, selection + step));
-        selected(next);
+        // First the keyboard: a tab that is no longer selected must not hold it.
         rows.itemAt(next).forceActiveFocus(Qt.TabFocusReason);
+        selected(next);
     }
 
     ColumnLayout {

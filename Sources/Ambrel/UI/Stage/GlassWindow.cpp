@@ -6,6 +6,7 @@
 #include "UI/Stage/Stage.h"
 
 #include <QGuiApplication>
+#include <QIcon>
 #include <QScreen>
 #include <QSurfaceFormat>
 
@@ -59,6 +60,7 @@ std::unique_ptr<QQuickView> GlassWindow::make(Stage& stage, Compositor& composit
                                               const QVariantMap& properties, QSize size, StyleMask style) {
     auto view = std::make_unique<QQuickView>(&stage.engine(), nullptr);
     view->setFlags(flags(style));
+    view->setIcon(QIcon(QStringLiteral(":/ambrel/icon/app.ambrel.Ambrel.svg")));
     const bool mayBeGlass = !ABRenderConfig::forceMaterialFallback && compositor.isCompositing();
     if (mayBeGlass) {
         letThrough(*view);
