@@ -208,6 +208,42 @@ const auto springs = R"(Item {
     ABSpring { objectName: "fading"; motion: ABMotion.standard; target: 1; fades: true; epsilon: 0.001 }
 })";
 
+TEST_F(DesignSystemTests, AlertHoldsEverythingBackUntilItIsAnsweredOnce) {
+    ABAppearance::shared().setReducedMotion(true);
+    struct Case {
+        bool destructive;
+        std::vector<Qt::Key> keys;
+        const char* answer;
+    };
+    const std::vector<Case> cases{{false, {Qt::Key_Return}, "yes;"},
+                                  {false, {Qt::Key_Escape}, "no;"},
+                                  {false, {Qt::Key_Tab, Qt::Key_Space}, "no;"},
+                                  {false, {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return}, "yes;"},
+                                  {true, {Qt::Key_Return}, "no;"},
+                                  {true, {Qt::Key_Tab, Qt::Key_Return}, "yes;"},
+                                  {true, {Qt::Key_Backtab, Qt::Key_Backtab, Qt::Key_Escape}, "no;"}};
+    Stage stage(R"(FocusScope {
+        id: root
+        property string done
+        property alias asks: alert.visible
+        property alias destructive: alert.destructive
+        focus: true
+        ABGlassButton { objectName: "behind"; focus: true; text: "Behind"; onClicked: root.done += "behind;" }
+        ABAlert { id: alert; confirmText: "Do It"; onConfirmed: root.done += "yes;"; onCancelled: root.done += "no;" }
+    })");
+    ASSERT_EQ(stage.errors, "");
+    for (const auto& [destructive, keys, answer] : cases) {
+        stage.item()->setProperty("done", "");
+        stage.item()->setProperty("destructive", destructive);
+        stage.item()->setProperty("asks", true);
+        stage.click("behind");
+        for (const auto key : keys) {
+            stage.press(key);
+        }
+        EXPECT_EQ(stage.item()->property("done").toString(), answer);
+    }
+}
+
 TEST_F(DesignSystemTests, SpringMovesOnlyWhileItHasTo) {
     Frames frames;
     Stage stage(springs);

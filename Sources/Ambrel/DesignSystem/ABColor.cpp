@@ -117,6 +117,10 @@ QColor ABColor::shadow() {
     return QColor::fromRgbF(0, 0, 0, isDark() ? 0.45F : 0.2F);
 }
 
+QColor ABColor::scrim() {
+    return QColor::fromRgbF(0, 0, 0, isDark() ? 0.45F : 0.22F);
+}
+
 QColor ABColor::withAlpha(QColor color, double alpha) {
     color.setAlphaF(static_cast<float>(alpha));
     return color;

@@ -34,6 +34,7 @@ class ABColor : public QObject {
     Q_PROPERTY(QColor raised READ raised NOTIFY adapted)
     Q_PROPERTY(QColor knob READ knob CONSTANT)
     Q_PROPERTY(QColor shadow READ shadow NOTIFY adapted)
+    Q_PROPERTY(QColor scrim READ scrim NOTIFY adapted)
 
 public:
     explicit ABColor(QObject* parent = nullptr);
@@ -63,6 +64,8 @@ public:
     [[nodiscard]] static QColor raised();
     [[nodiscard]] static QColor knob();
     [[nodiscard]] static QColor shadow();
+    /// What lies over a window while a question waits for its answer.
+    [[nodiscard]] static QColor scrim();
 
     Q_INVOKABLE [[nodiscard]] static QColor withAlpha(QColor color, double alpha);
     /// `color` as it looks on `surface`.

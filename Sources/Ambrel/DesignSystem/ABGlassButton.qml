@@ -2,16 +2,17 @@ import QtQuick
 import QtQuick.Templates as T
 import Ambrel.DesignSystem
 
-/// The button of every view; `prominent` is the main action. `leading` sets its label to the near side.
+/// The button of every view; `prominent` is the main action, `destructive` one that takes something away. `leading` sets its label to the near side.
 T.Button {
     id: root
 
     property bool prominent: false
+    property bool destructive: false
     property bool large: false
     property bool leading: false
     property string symbol: ""
 
-    readonly property color ink: prominent ? ABColor.accentText : ABColor.textPrimary
+    readonly property color ink: prominent ? ABColor.accentText : destructive ? ABColor.error : ABColor.textPrimary
     readonly property color fill: {
         if (prominent)
             return down ? Qt.darker(ABColor.accentFill, 1.12) : hovered ? Qt.lighter(ABColor.accentFill, 1.06) : ABColor.accentFill;
