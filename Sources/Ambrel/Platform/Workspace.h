@@ -37,6 +37,11 @@ public:
 
     /// Starts or activates an application by its `url`. Nothing is reported back.
     virtual void openApplication(const std::filesystem::path& url) = 0;
+    /// Opens a link with what the user has for it. The link to the settings of window access opens what this desktop
+    /// has for its window manager. Nothing is waited for or reported back.
+    virtual void openURL(const std::string& url) = 0;
+    /// Shows a file in the file manager, selected where it can do that. Nothing is waited for or reported back.
+    virtual void revealFile(const std::filesystem::path& file) = 0;
 
     Signal<const RunningApplicationRef&> didLaunch;
     Signal<const RunningApplicationRef&> didTerminate;

@@ -26,6 +26,15 @@ void launched(GObject* source, GAsyncResult* result, gpointer) {
     }
 }
 
+void opened(GObject*, GAsyncResult* result, gpointer uri) {
+    GError* error = nullptr;
+    if (g_app_info_launch_default_for_uri_finish(result, &error) == FALSE) {
+        logFailure(static_cast<const char*>(uri), error != nullptr ? error->message : "unknown reason");
+        g_clear_error(&error);
+    }
+    g_free(uri);
+}
+
 } // namespace
 
 void launchEntry(const std::filesystem::path& entry) {
@@ -36,6 +45,17 @@ void launchEntry(const std::filesystem::path& entry) {
     }
     g_app_info_launch_uris_async(G_APP_INFO(info), nullptr, nullptr, nullptr, launched, nullptr);
     g_object_unref(info);
+}
+
+void openUri(const std::string& uri) {
+    g_app_info_launch_default_for_uri_async(uri.c_str(), nullptr, nullptr, opened, g_strdup(uri.c_str()));
+}
+
+std::string uriOf(const std::filesystem::path& file) {
+    char* const uri = g_filename_to_uri(file.c_str(), nullptr, nullptr);
+    std::string text = uri != nullptr ? uri : "";
+    g_free(uri);
+    return text;
 }
 
 } // namespace ambrel

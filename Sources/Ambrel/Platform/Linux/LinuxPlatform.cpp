@@ -5,6 +5,7 @@
 #include "Platform/Linux/AllTrayItems.h"
 #include "Platform/Linux/ApplicationIdentifier.h"
 #include "Platform/Linux/Defaults/JsonUserDefaults.h"
+#include "Platform/Linux/LinkOpener.h"
 #include "Platform/Linux/LinuxAccessibility.h"
 #include "Platform/Linux/LinuxApplicationHost.h"
 #include "Platform/Linux/LinuxBundle.h"
@@ -84,7 +85,9 @@ struct LinuxPlatform::Parts {
     LinuxApplicationHost host{presence};
     QuitRequest quitRequest{bus};
     ApplicationIdentifier identifier;
-    LinuxWorkspace workspace{{windows, tray, quitRequest, queue}, identifier, presence, bundle.bundleIdentifier()};
+    LinkOpener links{environment, bus};
+    LinuxWorkspace workspace{
+        {windows, tray, quitRequest, queue}, identifier, links, presence, bundle.bundleIdentifier()};
     LinuxAccessibility accessibility{windows, workspace};
     LinuxSession session{*connection};
     X11HotKeyCenter hotKeys{*connection};

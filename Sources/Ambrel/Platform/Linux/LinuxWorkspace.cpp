@@ -1,6 +1,7 @@
 #include "Platform/Linux/LinuxWorkspace.h"
 
 #include "Platform/Linux/ApplicationIdentifier.h"
+#include "Platform/Linux/LinkOpener.h"
 #include "Platform/Linux/Process.h"
 #include "Platform/Linux/ProgramPresence.h"
 #include "Platform/Linux/TrayItems.h"
@@ -12,9 +13,10 @@
 
 namespace ambrel {
 
-LinuxWorkspace::LinuxWorkspace(ApplicationServices services, ApplicationIdentifier& identifier,
+LinuxWorkspace::LinuxWorkspace(ApplicationServices services, ApplicationIdentifier& identifier, LinkOpener& links,
                                const ProgramPresence& presence, std::optional<std::string> ownIdentifier)
-    : services_(services), identifier_(identifier), presence_(presence), ownIdentifier_(std::move(ownIdentifier)) {
+    : services_(services), identifier_(identifier), links_(links), presence_(presence),
+      ownIdentifier_(std::move(ownIdentifier)) {
     auto& windows = services_.windows;
     subscriptions_.push_back(
         windows.didChange.subscribe([this](const WindowChange& change) { windowChanged(change); }));
@@ -72,6 +74,14 @@ std::optional<InstalledApplication> LinuxWorkspace::installedApplication(const s
 
 void LinuxWorkspace::openApplication(const std::filesystem::path& url) {
     identifier_.open(url);
+}
+
+void LinuxWorkspace::openURL(const std::string& url) {
+    links_.open(url);
+}
+
+void LinuxWorkspace::revealFile(const std::filesystem::path& file) {
+    links_.reveal(file);
 }
 
 LinuxWorkspace::ApplicationRef LinuxWorkspace::find(ProcessId pid) const {

@@ -11,14 +11,15 @@
 namespace ambrel {
 
 class ApplicationIdentifier;
+class LinkOpener;
 class ProgramPresence;
 
 /// The applications of the session, as their windows make them known.
 class LinuxWorkspace final : public Workspace {
 public:
     /// Everything passed must outlive this object.
-    LinuxWorkspace(ApplicationServices services, ApplicationIdentifier& identifier, const ProgramPresence& presence,
-                   std::optional<std::string> ownIdentifier);
+    LinuxWorkspace(ApplicationServices services, ApplicationIdentifier& identifier, LinkOpener& links,
+                   const ProgramPresence& presence, std::optional<std::string> ownIdentifier);
 
     [[nodiscard]] std::vector<RunningApplicationRef> runningApplications() const override;
     [[nodiscard]] RunningApplicationRef runningApplication(ProcessId pid) const override;
@@ -30,6 +31,8 @@ public:
     [[nodiscard]] std::optional<InstalledApplication>
     installedApplication(const std::string& bundleIdentifier) const override;
     void openApplication(const std::filesystem::path& url) override;
+    void openURL(const std::string& url) override;
+    void revealFile(const std::filesystem::path& file) override;
 
     /// A hidden application is shown again.
     Signal<const RunningApplicationRef&> didUnhide;
@@ -54,6 +57,7 @@ private:
 
     ApplicationServices services_;
     ApplicationIdentifier& identifier_;
+    LinkOpener& links_;
     const ProgramPresence& presence_;
     std::optional<std::string> ownIdentifier_;
     std::vector<ProcessId> order_;

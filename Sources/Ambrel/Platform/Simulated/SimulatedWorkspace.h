@@ -33,6 +33,8 @@ public:
     installedApplication(const std::string& bundleIdentifier) const override;
     /// Activates the application if it runs, else launches it. Notes the request in any case.
     void openApplication(const std::filesystem::path& url) override;
+    void openURL(const std::string& url) override { links.push_back(url); }
+    void revealFile(const std::filesystem::path& file) override { revealed.push_back(file); }
 
     InstalledApplication install(const std::string& bundleIdentifier, const std::string& name);
     void uninstall(const std::string& bundleIdentifier) { installed_.erase(bundleIdentifier); }
@@ -47,6 +49,8 @@ public:
 
     RequestLog requests;
     std::vector<std::filesystem::path> opened; ///< what `openApplication` was asked for
+    std::vector<std::string> links;            ///< what `openURL` was asked for
+    std::vector<std::filesystem::path> revealed;
     ProcessId ownPID = 1000;
 
     // What applications do to the desktop around them.

@@ -1,0 +1,145 @@
+#include "Platform/Linux/EventLoop.h"
+#include "Platform/Linux/LinkOpener.h"
+#include "Platform/Linux/PrivateBus.h"
+#include "Platform/Linux/SessionBus.h"
+#include "Platform/Simulated/SimulatedEnvironment.h"
+#include "Support/LoggedTest.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <gio/gio.h>
+
+namespace ambrel {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A file manager that remembers what it was to show, or refuses.
+class PlayedFileManager final : public QDBusVirtualObject {
+public:
+    explicit PlayedFileManager(const std::string& address)
+        : bus_(QDBusConnection::connectToBus(QString::fromStdString(address), "file-manager")) {
+        bus_.registerVirtualObject("/org/freedesktop/FileManager1", this);
+        bus_.registerService("org.freedesktop.FileManager1");
+    }
+    PlayedFileManager(const PlayedFileManager&) = delete;
+    PlayedFileManager& operator=(const PlayedFileManager&) = delete;
+    ~PlayedFileManager() override { QDBusConnection::disconnectFromBus("file-manager"); }
+
+    [[nodiscard]] QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override {
+        if (refuses) {
+            return false;
+        }
+        shown += message.arguments().value(0).toStringList();
+        return connection.send(message.createReply());
+    }
+
+    bool refuses = false;
+    QStringList shown;
+
+private:
+    QDBusConnection bus_;
+};
+
+class LinkOpenerTests : public LoggedTest {
+protected:
+    ~LinkOpenerTests() override {
+        for (const auto& file : written_) {
+            fs::remove(file);
+        }
+    }
+    static fs::path folder(const char* variable) { return std::getenv(variable); }
+
+    /// An application that leaves a file of its own name, with what it is to open.
+    void install(const std::string& id, const std::string& members = "") {
+        write(folder("XDG_DATA_HOME") / "applications" / (id + ".desktop"),
+              "[Desktop Entry]\nType=Application\nName=" + id + "\nExec=/bin/sh -c \"echo $1 > " +
+                  (folder("HOME") / id).string() + "\" - %u\n" + members);
+        written_.push_back(folder("HOME") / id);
+        const DesktopEntries entries;
+        EXPECT_TRUE(runUntil([&] { return entries.entry(id).has_value(); }));
+    }
+    void write(const fs::path& file, const std::string& text) {
+        writeText(file, text);
+        written_.push_back(file);
+    }
+    static bool awaitStart(const std::string& id) {
+        return runUntil([&] { return !textOf(folder("HOME") / id).empty(); });
+    }
+    void makeHandler(const std::string& id, const std::string& type) {
+        install(id, "MimeType=" + type + "\n");
+        write(folder("XDG_CONFIG_HOME") / "mimeapps.list", "[Default Applications]\n" + type + "=" + id + ".desktop\n");
+        EXPECT_TRUE(runUntil([&] { return hasHandler(type); }));
+    }
+    static bool hasHandler(const std::string& type) {
+        const std::unique_ptr<GAppInfo, decltype(&g_object_unref)> handler(
+            g_app_info_get_default_for_type(type.c_str(), FALSE), g_object_unref);
+        return handler != nullptr;
+    }
+
+    simulated::SimulatedEnvironment environment;
+    SessionBus bus;
+    LinkOpener links{environment, bus};
+
+private:
+    std::vector<fs::path> written_;
+};
+
+constexpr auto settingsLink = "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
+
+TEST_F(LinkOpenerTests, ALinkOpensWithWhatTheUserHasForIt) {
+    makeHandler("opens-links", "x-scheme-handler/ambrel-test");
+    links.open("ambrel-test:some/where");
+    ASSERT_TRUE(awaitStart("opens-links"));
+    EXPECT_EQ(textOf(folder("HOME") / "opens-links"), "ambrel-test:some/where\n");
+
+    log.expectError("could not open ambrel-nobody:x: ");
+    links.open("ambrel-nobody:x");
+    EXPECT_TRUE(runUntil([&] { return log.contains("could not open ambrel-nobody:x: "); }));
+}
+
+TEST_F(LinkOpenerTests, TheSettingsAreThoseOfTheDesktopAtHand) {
+    links.open(settingsLink);
+    EXPECT_TRUE(log.contains("no settings for the window manager of this desktop are known"));
+
+    install("xfce-wm-settings");
+    install("lxqt-config-session");
+    environment.set("XDG_CURRENT_DESKTOP", "Tuned:XFCE");
+    links.open(settingsLink);
+    EXPECT_TRUE(awaitStart("xfce-wm-settings"));
+    EXPECT_FALSE(fs::exists(folder("HOME") / "lxqt-config-session"));
+
+    environment.set("XDG_CURRENT_DESKTOP", "GNOME-Flashback:Unity");
+    install("obconf");
+    links.open(settingsLink);
+    EXPECT_TRUE(awaitStart("obconf"));
+}
+
+TEST_F(LinkOpenerTests, AFileIsShownByTheFileManagerOrItsFolderIs) {
+    makeHandler("opens-folders", "inode/directory");
+    const auto file = folder("HOME") / "a log #1.txt";
+    write(file, "x");
+    const auto uri = "file://" + folder("HOME").string();
+    links.reveal(file); // there is no bus
+    ASSERT_TRUE(awaitStart("opens-folders"));
+    EXPECT_EQ(textOf(folder("HOME") / "opens-folders"), folder("HOME").string() + "\n");
+
+    const PrivateBus privateBus;
+    PlayedFileManager manager(std::getenv("DBUS_SESSION_BUS_ADDRESS"));
+    SessionBus laterBus;
+    ASSERT_TRUE(laterBus.connection(Seconds(10)));
+    LinkOpener later(environment, laterBus);
+    later.reveal(file);
+    EXPECT_TRUE(runUntil([&] { return !manager.shown.isEmpty(); }));
+    EXPECT_EQ(manager.shown.value(0).toStdString(), uri + "/a%20log%20%231.txt");
+
+    fs::remove(folder("HOME") / "opens-folders");
+    manager.refuses = true;
+    later.reveal(file);
+    EXPECT_TRUE(awaitStart("opens-folders"));
+}
+
+} // namespace
+} // namespace ambrel
