@@ -34,8 +34,7 @@ std::string withoutExtension(std::string name) {
 /// A rule that keeps an application out of Quit All and from being quit by a closed window.
 AppRule protectiveRule(std::string_view bundleIdentifier, const Workspace& workspace) {
     std::string identifier(bundleIdentifier);
-    const auto installed = workspace.installedApplication(identifier);
-    auto name = installed ? withoutExtension(installed->displayName) : identifier;
+    auto name = AppRulesStore::displayName(identifier, workspace);
     AppRule rule(std::move(identifier), std::move(name));
     rule.quitOnLastWindowClose = false;
     rule.includedInQuitAll = false;
@@ -49,6 +48,11 @@ AppRule systemDefaultRule(std::string_view bundleIdentifier, const Workspace& wo
 }
 
 } // namespace
+
+std::string AppRulesStore::displayName(const std::string& bundleIdentifier, const Workspace& workspace) {
+    const auto installed = workspace.installedApplication(bundleIdentifier);
+    return installed ? withoutExtension(installed->displayName) : bundleIdentifier;
+}
 
 std::vector<AppRule> AppRulesStore::systemDefaultRules(const Workspace& workspace) {
     std::vector<AppRule> rules;

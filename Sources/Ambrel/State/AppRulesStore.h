@@ -47,6 +47,8 @@ public:
     /// The locked rules of the system's components and of Ambrel itself, built afresh with the names that the
     /// applications have in `workspace`.
     [[nodiscard]] static std::vector<AppRule> systemDefaultRules(const Workspace& workspace);
+    /// The name that a new rule of this application has; its identifier where it isn't installed.
+    [[nodiscard]] static std::string displayName(const std::string& bundleIdentifier, const Workspace& workspace);
 
     /// Announces each change before it is made.
     Signal<> willChange;

@@ -9,8 +9,13 @@ struct Onboarding {
     Onboarding() = delete;
 
     [[nodiscard]] static bool isCompleted(UserDefaults& defaults) {
-        return defaults.productSuite()->boolForKey("onboardingCompleted");
+        return defaults.productSuite()->boolForKey(completedKey);
     }
+    /// For good.
+    static void markCompleted(UserDefaults& defaults) { defaults.productSuite()->set(completedKey, true); }
+
+private:
+    static constexpr const char* completedKey = "onboardingCompleted";
 };
 
 } // namespace ambrel
