@@ -1,4 +1,5 @@
 #include "Platform/Linux/EventLoop.h"
+#include "Platform/Linux/LaunchEntry.h"
 #include "Platform/Linux/LinkOpener.h"
 #include "Platform/Linux/PrivateBus.h"
 #include "Platform/Linux/SessionBus.h"
@@ -79,6 +80,19 @@ protected:
         return handler != nullptr;
     }
 
+    /// Returns once GIO has seen the end of the bus, and has done what it does of its own accord: end the process.
+    static void end(std::unique_ptr<PrivateBus> privateBus) {
+        bool closed = false;
+        const std::unique_ptr<GDBusConnection, decltype(&g_object_unref)> used(
+            g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr), g_object_unref);
+        const auto note = +[](GDBusConnection*, gboolean, GError*, gpointer flag) {
+            *static_cast<bool*>(flag) = true;
+        };
+        g_signal_connect(used.get(), "closed", G_CALLBACK(note), &closed);
+        privateBus.reset();
+        EXPECT_TRUE(runUntil([&] { return closed; }));
+    }
+
     simulated::SimulatedEnvironment environment;
     SessionBus bus;
     LinkOpener links{environment, bus};
@@ -126,7 +140,7 @@ TEST_F(LinkOpenerTests, AFileIsShownByTheFileManagerOrItsFolderIs) {
     ASSERT_TRUE(awaitStart("opens-folders"));
     EXPECT_EQ(textOf(folder("HOME") / "opens-folders"), folder("HOME").string() + "\n");
 
-    const PrivateBus privateBus;
+    auto privateBus = std::make_unique<PrivateBus>();
     PlayedFileManager manager(std::getenv("DBUS_SESSION_BUS_ADDRESS"));
     SessionBus laterBus;
     ASSERT_TRUE(laterBus.connection(Seconds(10)));
@@ -139,6 +153,18 @@ TEST_F(LinkOpenerTests, AFileIsShownByTheFileManagerOrItsFolderIs) {
     manager.refuses = true;
     later.reveal(file);
     EXPECT_TRUE(awaitStart("opens-folders"));
+    end(std::move(privateBus));
+}
+
+TEST_F(LinkOpenerTests, WhoeverLaunchedSomethingOutlivesTheBus) {
+    install("launched");
+    for (int round = 0; round < 2; ++round) { // on a bus that took the place of the first one, too
+        auto privateBus = std::make_unique<PrivateBus>();
+        launchEntry(folder("XDG_DATA_HOME") / "applications/launched.desktop");
+        ASSERT_TRUE(awaitStart("launched"));
+        fs::remove(folder("HOME") / "launched");
+        end(std::move(privateBus));
+    }
 }
 
 } // namespace

@@ -2,7 +2,10 @@
 
 #include "Core/Logger.h"
 
+#include <functional>
+#include <memory>
 #include <string>
+#include <utility>
 
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
@@ -15,6 +18,39 @@ constexpr Logger logger("launch");
 
 void logFailure(std::string_view entry, std::string_view why) {
     logger.error("could not open {}: {}", entry, why);
+}
+
+using Work = std::function<void()>;
+
+/// Takes over a reference. GIO would make itself another connection as soon as nobody holds this one, and would go on
+/// with this one, dead as it is, as long as anybody does.
+void keep(GDBusConnection* bus) {
+    static GDBusConnection* kept = nullptr;
+    if (kept == bus) {
+        g_object_unref(bus);
+        return;
+    }
+    kept = bus;
+    g_dbus_connection_set_exit_on_close(bus, FALSE);
+    const auto release = +[](GDBusConnection*, gboolean, GError*, gpointer) {
+        g_clear_object(&kept);
+    };
+    g_signal_connect(bus, "closed", G_CALLBACK(release), nullptr);
+}
+
+/// To launch anything, GIO connects to the session bus, waits for it, and ends this process when that bus ends.
+/// Connected beforehand, it does neither.
+void onceConnected(Work work) {
+    g_bus_get(
+        G_BUS_TYPE_SESSION, nullptr,
+        [](GObject*, GAsyncResult* result, gpointer data) {
+            const std::unique_ptr<Work> next(static_cast<Work*>(data));
+            if (auto* const bus = g_bus_get_finish(result, nullptr)) {
+                keep(bus);
+            }
+            (*next)();
+        },
+        new Work(std::move(work)));
 }
 
 void launched(GObject* source, GAsyncResult* result, gpointer) {
@@ -43,12 +79,16 @@ void launchEntry(const std::filesystem::path& entry) {
         logFailure(entry.string(), "not a desktop entry of an installed application");
         return;
     }
-    g_app_info_launch_uris_async(G_APP_INFO(info), nullptr, nullptr, nullptr, launched, nullptr);
-    g_object_unref(info);
+    onceConnected([info] {
+        g_app_info_launch_uris_async(G_APP_INFO(info), nullptr, nullptr, nullptr, launched, nullptr);
+        g_object_unref(info);
+    });
 }
 
 void openUri(const std::string& uri) {
-    g_app_info_launch_default_for_uri_async(uri.c_str(), nullptr, nullptr, opened, g_strdup(uri.c_str()));
+    onceConnected([uri] {
+        g_app_info_launch_default_for_uri_async(uri.c_str(), nullptr, nullptr, opened, g_strdup(uri.c_str()));
+    });
 }
 
 std::string uriOf(const std::filesystem::path& file) {
