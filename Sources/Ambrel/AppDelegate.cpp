@@ -6,6 +6,7 @@
 #include "Engine/DevGuard.h"
 #include "Engine/HotKeyManager.h"
 #include "Engine/QuitAll.h"
+#include "Engine/QuitAllHotKey.h"
 #include "Engine/QuitEngine.h"
 #include "Engine/QuitNotifier.h"
 #include "Platform/ApplicationHost.h"
@@ -24,14 +25,6 @@
 #include <fmt/format.h>
 
 namespace ambrel {
-
-namespace {
-
-// Quit All: Q with command, option and shift, in the key codes and modifiers that HotKeyManager takes.
-constexpr std::uint32_t quitAllKeyCode = 12;
-constexpr std::uint32_t quitAllModifiers = 0xB00;
-
-} // namespace
 
 AppDelegate::Neighbours AppDelegate::Neighbours::shared() {
     return {AppSettings::shared,      DevGuard::shared,     StatusItemController::shared,
@@ -119,7 +112,7 @@ void AppDelegate::applyDockIconPreferenceLive(bool show) {
 void AppDelegate::installHotKey() {
     neighbours_.hotKeys().onTrigger = lifetime_.guard([this] { neighbours_.statusItem().quitAllAction(); });
     if (neighbours_.settings().quitAllHotKeyEnabled.get()) {
-        neighbours_.hotKeys().registerHotKey(quitAllKeyCode, quitAllModifiers);
+        neighbours_.hotKeys().registerHotKey(quitAllHotKey.keyCode, quitAllHotKey.carbonModifiers);
     }
 }
 

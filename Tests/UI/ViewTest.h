@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Engine/HotKeyManager.h"
 #include "Scenarios/EngineScenario.h"
 #include "UI/QuickWindows.h"
 
@@ -27,6 +28,7 @@ protected:
     void click(const std::string& name);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
+    HotKeyManager hotKeys{desktop.hotKeyCenter()};
     StatusItemPlace place{.button = {700, 0, 22, 24}, .visibleFrame = {0, 24, 800, 576}};
 
 private:

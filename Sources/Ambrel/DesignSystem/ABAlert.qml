@@ -43,7 +43,7 @@ T.Popup {
     parent: T.Overlay.overlay
     anchors.centerIn: parent
     width: Math.min(Math.round(340 * panel.textScale), (parent?.width ?? 0) - 48)
-    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    implicitHeight: panel.implicitHeight + topPadding + bottomPadding
     padding: 20
     modal: true
     focus: true
@@ -83,14 +83,16 @@ T.Popup {
         }
     }
 
-    contentItem: FocusScope {
+    FocusScope {
         id: panel
 
         readonly property real textScale: ABDynamicType.scale
 
+        width: root.availableWidth
+        height: implicitHeight
         implicitHeight: column.implicitHeight
         focus: true
-        LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+        LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
         LayoutMirroring.childrenInherit: true
         Accessible.role: Accessible.AlertMessage
         Accessible.name: root.title

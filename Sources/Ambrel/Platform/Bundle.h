@@ -15,6 +15,8 @@ public:
     [[nodiscard]] virtual std::optional<std::string> bundleIdentifier() const = 0;
     /// The folder with the extension "app", or the executable's own folder for a bare binary.
     [[nodiscard]] virtual std::filesystem::path bundleURL() const = 0;
+    /// As people read it; absent where the bundle does not say.
+    [[nodiscard]] virtual std::optional<std::string> shortVersion() const = 0;
 };
 
 } // namespace ambrel

@@ -3,6 +3,7 @@
 #include "DesignSystem/DesignSystem.h"
 #include "Platform/ClickMonitor.h"
 #include "Platform/Compositor.h"
+#include "Platform/Environment.h"
 #include "Platform/Platform.h"
 #include "Platform/Workspace.h"
 #include "State/AppSettings.h"
@@ -25,8 +26,13 @@ void registerViews() {
 
 QuickWindows::QuickWindows(const WindowsNeighbours& neighbours)
     : appearance_(neighbours.platform.appearance()), settings_(neighbours.settings), engine_(neighbours.engine),
-      stage_(neighbours.platform.mainQueue()), dock_(neighbours.platform.application(), neighbours.settings, stage_),
-      settingsWindow_({stage_, neighbours.platform.compositor(), dock_, neighbours.settings, settings_, engine_}),
+      guard_(neighbours.settings), hotKey_(neighbours.settings, neighbours.hotKeys),
+      history_({neighbours.audit, neighbours.clock, neighbours.platform.workspace(),
+                neighbours.platform.environment().value("HOME").value_or("")}),
+      about_(neighbours.platform), stage_(neighbours.platform.mainQueue()),
+      dock_(neighbours.platform.application(), neighbours.settings, stage_),
+      settingsWindow_({stage_, neighbours.platform.compositor(), dock_, neighbours.settings, settings_, engine_, guard_,
+                       hotKey_, history_, about_}),
       panelNeighbours_{stage_, neighbours.platform.compositor(), neighbours.platform.clickMonitor(),
                        neighbours.platform.workspace()},
       dropdown_(panelNeighbours_, settings_, engine_), confirmation_(panelNeighbours_) {

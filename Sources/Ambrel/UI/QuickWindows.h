@@ -1,7 +1,11 @@
 #pragma once
 
 #include "Core/Logger.h"
+#include "UI/Models/AboutModel.h"
+#include "UI/Models/AppearanceGuard.h"
 #include "UI/Models/EngineModel.h"
+#include "UI/Models/HistoryModel.h"
+#include "UI/Models/HotKeySwitch.h"
 #include "UI/Models/SettingsModel.h"
 #include "UI/Settings/SettingsWindowController.h"
 #include "UI/Stage/AppearanceFeed.h"
@@ -32,6 +36,10 @@ private:
     AppearanceFeed appearance_;
     SettingsModel settings_;
     EngineModel engine_;
+    AppearanceGuard guard_;
+    HotKeySwitch hotKey_;
+    HistoryModel history_;
+    AboutModel about_;
     Stage stage_;
     DockPresence dock_;
     SettingsWindowController settingsWindow_;

@@ -1,6 +1,9 @@
 #include "UI/Windows.h"
 
+#include "Engine/HotKeyManager.h"
 #include "Engine/QuitEngine.h"
+#include "Engine/TerminationAudit.h"
+#include "Platform/AppClock.h"
 #include "Platform/Bundle.h"
 #include "Platform/Platform.h"
 #include "State/AppSettings.h"
@@ -10,7 +13,8 @@ namespace ambrel {
 
 Windows& Windows::shared() {
     static auto& windows = *new WindowsModule(Platform::shared().bundle().bundleURL() / "libAmbrelWindows.so", [] {
-        return WindowsNeighbours{Platform::shared(), AppSettings::shared(), QuitEngine::shared()};
+        return WindowsNeighbours{Platform::shared(),      AppSettings::shared(),      QuitEngine::shared(),
+                                 HotKeyManager::shared(), TerminationAudit::shared(), AppClock::shared()};
     });
     return windows;
 }

@@ -5,8 +5,11 @@
 namespace ambrel {
 
 class AppSettings;
+class Clock;
+class HotKeyManager;
 class Platform;
 class QuitEngine;
+class TerminationAudit;
 class Windows;
 
 /// What the windows show and command.
@@ -14,6 +17,9 @@ struct WindowsNeighbours {
     Platform& platform;
     AppSettings& settings;
     QuitEngine& engine;
+    HotKeyManager& hotKeys;
+    TerminationAudit& audit;
+    const Clock& clock;
 };
 
 /// The one function that the library of windows offers, by the name `ambrelMakeWindows`.

@@ -30,13 +30,13 @@ TEST(LinuxBundleTests, IsTheNearestFolderThatSaysWhoItIs) {
     };
     EXPECT_EQ(identifierWith(R"({"identifier": "app.ambrel.Ambrel", "version": "1.2"})"), "app.ambrel.Ambrel");
     EXPECT_EQ(LinuxBundle(executable).bundleURL(), app);
-    EXPECT_EQ(LinuxBundle(executable).version(), "1.2");
+    EXPECT_EQ(LinuxBundle(executable).shortVersion(), "1.2");
     EXPECT_EQ(LinuxBundle(home.path() / "ambrel").bundleURL(), home.path());
 
     for (const auto* const info : {"", "{", "[]", "7", R"({"identifier": 7})", R"({"version": "1"})"}) {
         EXPECT_FALSE(identifierWith(info)) << info;
         EXPECT_EQ(LinuxBundle(executable).bundleURL(), executable.parent_path()) << info;
-        EXPECT_FALSE(LinuxBundle(executable).version()) << info;
+        EXPECT_FALSE(LinuxBundle(executable).shortVersion()) << info;
     }
     fs::remove(app / "Info.json");
     EXPECT_FALSE(LinuxBundle(executable).bundleIdentifier());

@@ -14,7 +14,7 @@ public:
     [[nodiscard]] std::optional<std::string> bundleIdentifier() const override { return identifier_; }
     [[nodiscard]] std::filesystem::path bundleURL() const override { return url_; }
     /// The member `version` of `Info.json`.
-    [[nodiscard]] std::optional<std::string> version() const { return version_; }
+    [[nodiscard]] std::optional<std::string> shortVersion() const override { return version_; }
 
 private:
     bool adopt(const std::filesystem::path& folder);

@@ -9,6 +9,10 @@ FocusScope {
 
     required property SettingsModel settings
     required property EngineModel engine
+    required property AppearanceGuard appearance
+    required property HotKeySwitch hotKey
+    required property HistoryModel history
+    required property AboutModel about
     property int selection: AdvancedSettingsView.General
 
     signal hideAdvanced
@@ -45,27 +49,48 @@ FocusScope {
             top: parent.top
             bottom: parent.bottom
         }
-        sourceComponent: [general, rules, history, about][root.selection]
+        sourceComponent: [generalPage, rulesPage, historyPage, aboutPage][root.selection]
     }
 
     Component {
-        id: general
+        id: generalPage
+
+        ABScrollView {
+            GeneralTab {
+                width: parent.width
+                settings: root.settings
+                engine: root.engine
+                appearance: root.appearance
+                hotKey: root.hotKey
+            }
+        }
+    }
+    Component {
+        id: rulesPage
 
         Item {}
     }
     Component {
-        id: rules
+        id: historyPage
 
-        Item {}
+        ABScrollView {
+            HistoryTab {
+                width: parent.width
+                history: root.history
+            }
+        }
     }
     Component {
-        id: history
+        id: aboutPage
 
-        Item {}
-    }
-    Component {
-        id: about
+        ABScrollView {
+            id: aboutScroll
 
-        Item {}
+            AboutTab {
+                width: parent.width
+                height: Math.max(implicitHeight, aboutScroll.height)
+                about: root.about
+            }
+        }
     }
 }

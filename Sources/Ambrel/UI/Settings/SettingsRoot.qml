@@ -8,6 +8,10 @@ FocusScope {
 
     required property SettingsModel settings
     required property EngineModel engine
+    required property AppearanceGuard appearance
+    required property HotKeySwitch hotKey
+    required property HistoryModel history
+    required property AboutModel about
     property bool isAdvanced: false
 
     focus: true
@@ -46,6 +50,10 @@ FocusScope {
             focus: true
             settings: root.settings
             engine: root.engine
+            appearance: root.appearance
+            hotKey: root.hotKey
+            history: root.history
+            about: root.about
             onHideAdvanced: root.setAdvanced(false)
         }
     }

@@ -1,7 +1,11 @@
 #include "UI/Settings/SettingsWindowController.h"
 
 #include "State/AppSettings.h"
+#include "UI/Models/AboutModel.h"
+#include "UI/Models/AppearanceGuard.h"
 #include "UI/Models/EngineModel.h"
+#include "UI/Models/HistoryModel.h"
+#include "UI/Models/HotKeySwitch.h"
 #include "UI/Models/SettingsModel.h"
 #include "UI/Settings/SettingsForm.h"
 #include "UI/Stage/DockPresence.h"
@@ -45,7 +49,11 @@ void SettingsWindowController::makeWindow() {
     const auto form = SettingsForm::of(neighbours_.settings.settingsAdvancedMode.get());
     window_ = GlassWindow::make(neighbours_.stage, neighbours_.compositor, QStringLiteral("SettingsRoot"),
                                 {{"settings", QVariant::fromValue(&neighbours_.settingsModel)},
-                                 {"engine", QVariant::fromValue(&neighbours_.engineModel)}},
+                                 {"engine", QVariant::fromValue(&neighbours_.engineModel)},
+                                 {"appearance", QVariant::fromValue(&neighbours_.appearance)},
+                                 {"hotKey", QVariant::fromValue(&neighbours_.hotKey)},
+                                 {"history", QVariant::fromValue(&neighbours_.history)},
+                                 {"about", QVariant::fromValue(&neighbours_.about)}},
                                 form.size, style());
     window_->setTitle(QStringLiteral("Ambrel"));
     window_->setMinimumSize(form.minimum);

@@ -10,10 +10,14 @@ class QQuickView;
 
 namespace ambrel {
 
+class AboutModel;
+class AppearanceGuard;
 class AppSettings;
 class Compositor;
 class DockPresence;
 class EngineModel;
+class HistoryModel;
+class HotKeySwitch;
 class SettingsModel;
 class Stage;
 
@@ -28,6 +32,10 @@ public:
         AppSettings& settings;
         SettingsModel& settingsModel;
         EngineModel& engineModel;
+        AppearanceGuard& appearance;
+        HotKeySwitch& hotKey;
+        HistoryModel& history;
+        AboutModel& about;
     };
 
     explicit SettingsWindowController(Neighbours neighbours);

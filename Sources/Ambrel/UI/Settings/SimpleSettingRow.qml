@@ -6,11 +6,13 @@ SettingRow {
     id: root
 
     property bool isOn: false
+    /// What the switch is called where the title is not enough.
+    property string label: title
 
     signal edited(value: bool)
 
     ABToggle {
-        label: root.title
+        label: root.label
         isOn: root.isOn
         onEdited: value => root.edited(value)
     }

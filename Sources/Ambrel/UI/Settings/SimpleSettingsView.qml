@@ -22,12 +22,7 @@ Item {
         RowLayout {
             spacing: 12
 
-            Image {
-                Layout.preferredWidth: 48
-                Layout.preferredHeight: 48
-                source: "qrc:/ambrel/icon/app.ambrel.Ambrel.svg"
-                sourceSize: Qt.size(48, 48)
-            }
+            AmbrelIcon {}
             ABText {
                 Layout.fillWidth: true
                 style: ABFont.display

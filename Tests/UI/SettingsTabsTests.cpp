@@ -1,0 +1,137 @@
+#include "Engine/QuitAllHotKey.h"
+#include "UI/ViewTest.h"
+
+namespace ambrel {
+namespace {
+
+class SettingsTabs : public ViewTest {
+protected:
+    void openGeneral() {
+        settings().settingsAdvancedMode.set(true);
+        windows().showSettings();
+    }
+    /// Goes there by the keyboard, which brings it into sight.
+    void reach(const std::string& name) {
+        ASSERT_TRUE(eventually([&] {
+            press(Qt::Key_Tab);
+            return shows(name) && element(name)->state().focused;
+        })) << name;
+    }
+    void toggle(const std::string& name) {
+        reach(name);
+        press(Qt::Key_Space);
+    }
+    [[nodiscard]] AppSettings& settings() { return house().settings; }
+};
+
+TEST_F(SettingsTabs, AskBeforeTheLastIconGoes) {
+    struct Case {
+        bool dock, hidden; ///< as it is
+        const char* choice;
+        const char* question; ///< none asks nothing
+        const char* yes;
+    };
+    const char* const dock = "Show Dock icon";
+    const char* const hide = "Hide menu bar icon";
+    const std::vector<Case> cases{{false, false, hide, "Hide menu bar icon?", "Hide Icon"},
+                                  {true, true, dock, "Hide the Dock icon too?", "Hide Dock Icon"},
+                                  {true, false, hide, nullptr, nullptr},
+                                  {true, false, dock, nullptr, nullptr},
+                                  {false, true, hide, nullptr, nullptr},
+                                  {false, true, dock, nullptr, nullptr}};
+    openGeneral();
+    for (const auto& [showDock, hidden, choice, question, yes] : cases) {
+        const auto set = [&, showDock = showDock, hidden = hidden] {
+            settings().showDockIcon.set(showDock);
+            settings().hideMenuBarIcon.set(hidden);
+        };
+        const auto changed = [&, showDock = showDock, hidden = hidden] {
+            return settings().showDockIcon.get() != showDock || settings().hideMenuBarIcon.get() != hidden;
+        };
+        set();
+        settings().seenHideIconWarning.set(false);
+        toggle(choice);
+        EXPECT_EQ(changed(), question == nullptr) << choice;
+        if (question != nullptr) {
+            EXPECT_TRUE(shows(question));
+            press(Qt::Key_Escape);
+            ASSERT_TRUE(eventually([&, question = question] { return !shows(question); }));
+            EXPECT_FALSE(changed());
+            EXPECT_EQ(element(choice)->state().checked, choice == dock);
+            toggle(choice);
+            ASSERT_TRUE(eventually([&, question = question] { return shows(question); }));
+            click(yes);
+            EXPECT_TRUE(changed());
+            EXPECT_EQ(settings().seenHideIconWarning.get(), choice == hide);
+            ASSERT_TRUE(eventually([&, question = question] { return !shows(question); }));
+        }
+    }
+}
+
+TEST_F(SettingsTabs, TakeTheHotkeyAndGiveItBack) {
+    int pressed = 0;
+    hotKeys.onTrigger = [&] {
+        ++pressed;
+    };
+    settings().quitAllHotKeyEnabled.set(false);
+    openGeneral();
+    toggle("Global hotkey for Quit All");
+    desktop.hotKeyCenter().press(quitAllHotKey);
+    EXPECT_TRUE(settings().quitAllHotKeyEnabled.get());
+    EXPECT_EQ(pressed, 1);
+    toggle("Global hotkey for Quit All");
+    desktop.hotKeyCenter().press(quitAllHotKey);
+    EXPECT_FALSE(settings().quitAllHotKeyEnabled.get());
+    EXPECT_EQ(pressed, 1);
+}
+
+TEST_F(SettingsTabs, MoveTheQuitDelayInTenths) {
+    openGeneral();
+    EXPECT_TRUE(shows("0.5s"));
+    reach("Quit delay");
+    press(Qt::Key_Right);
+    EXPECT_EQ(settings().quitDelay.get(), 0.6);
+    EXPECT_TRUE(shows("0.6s"));
+    settings().quitDelay.set(4.9);
+    press(Qt::Key_Right);
+    press(Qt::Key_Right);
+    EXPECT_EQ(settings().quitDelay.get(), 5);
+    settings().quitDelay.set(12);
+    EXPECT_TRUE(shows("12.0s")) << "written by hand, it is honoured";
+}
+
+TEST_F(SettingsTabs, TellWhatWasDecidedAndShowTheLog) {
+    using Audit = TerminationAudit;
+    openGeneral();
+    click("History");
+    ASSERT_TRUE(eventually([&] { return shows("No quits yet"); }));
+    house().audit.record(Audit::Path::lastWindow, "org.example.Editor", "Editor", 1, Audit::Action::terminated);
+    house().audit.record(Audit::Path::idle, "org.example.Player", "Player", 2, Audit::Action::hidden, "idle=1805s");
+    house().audit.drain();
+    click("Refresh");
+    EXPECT_FALSE(shows("No quits yet"));
+    EXPECT_TRUE(shows("Player — hidden, Idle past its limit (idle=1805s)., 0 sec. ago"));
+    EXPECT_TRUE(shows("Showing the last 2 decisions. The full log never rotates: " + house().audit.fileURL().string()));
+    click("Show Log File");
+    EXPECT_EQ(desktop.workspace().revealed, std::vector{house().audit.fileURL()});
+    house().audit.record(Audit::Path::manual, "org.example.Reader", "Reader", 3, Audit::Action::terminated);
+    house().audit.drain();
+    click("About");
+    ASSERT_TRUE(eventually([&] { return shows("Version 4.2"); }));
+    click("History");
+    ASSERT_TRUE(eventually([&] { return shows("Reader — quit, Quit from the Running Apps list., 0 sec. ago"); }));
+}
+
+TEST_F(SettingsTabs, SayWhatTheProgramIsAndEndIt) {
+    openGeneral();
+    click("About");
+    ASSERT_TRUE(eventually([&] { return shows("Version 4.2"); }));
+    click("ambrel.app");
+    EXPECT_EQ(desktop.workspace().links, std::vector<std::string>{"https://ambrel.app"});
+    click("Quit Ambrel");
+    desktop.settle();
+    EXPECT_TRUE(desktop.application().terminated);
+}
+
+} // namespace
+} // namespace ambrel
