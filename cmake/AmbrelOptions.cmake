@@ -32,13 +32,16 @@ function(ambrel_quiet_generated target)
   set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -w)
 endfunction()
 
-# One folder is one library; what stands behind it is the law of dependence.
+# One folder is one library; what stands behind it is the law of dependence. SHARED says that a shared library takes it
+# in too: it is compiled for that, and without the headers that are precompiled for programs.
 function(ambrel_library name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "SHARED" "" "SOURCES;LINK" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/Sources ${PROJECT_SOURCE_DIR}/Sources/Ambrel)
   target_link_libraries(${name} PUBLIC ${ARG_LINK})
-  if(ARG_LINK AND NOT ARG_LINK MATCHES Qt6::)
+  if(ARG_SHARED)
+    set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+  elseif(ARG_LINK AND NOT ARG_LINK MATCHES Qt6::)
     ambrel_use_precompiled(${name} AmbrelStandardHeaders)
   endif()
 endfunction()

@@ -1,10 +1,13 @@
 #include "AppDelegate.h"
+#include "Capture/PictureModule.h"
 #include "Core/Logger.h"
 #include "Core/MainQueue.h"
 #include "Engine/TerminationAudit.h"
 #include "Platform/Linux/JournalSink.h"
 #include "Platform/Linux/LinuxApplicationHost.h"
+#include "Platform/Linux/LinuxBundle.h"
 #include "Platform/Linux/LinuxPlatform.h"
+#include "Platform/Linux/ProcessEnvironment.h"
 #include "Platform/Linux/X11Connection.h"
 #include "ToolkitApplication.h"
 #include "UI/Windows.h"
@@ -34,6 +37,11 @@ int run(LinuxPlatform& platform) {
 int main(int argc, char* argv[]) {
     ambrel::JournalSink journal;
     ambrel::LogSink::install(&journal);
+    const ambrel::ProcessEnvironment environment;
+    const auto windows = ambrel::LinuxBundle::ofThisProcess().bundleURL() / "libAmbrelWindows.so";
+    if (const auto status = ambrel::PictureModule::runIfRequested(environment, windows, argc, argv)) {
+        return *status;
+    }
     // Before the toolkit looks for the server, which without one ends the process in its own words.
     auto opened = ambrel::LinuxPlatform::connect();
     if (const auto* failure = std::get_if<ambrel::FileFailure>(&opened)) {

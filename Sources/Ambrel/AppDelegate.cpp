@@ -1,6 +1,5 @@
 #include "AppDelegate.h"
 
-#include "Capture/Capture.h"
 #include "Core/ExceptionLogger.h"
 #include "Engine/AccessibilityGate.h"
 #include "Engine/DevGuard.h"
@@ -36,9 +35,6 @@ AppDelegate::AppDelegate(Platform& platform, Neighbours neighbours)
     : platform_(platform), neighbours_(std::move(neighbours)) {}
 
 void AppDelegate::applicationDidFinishLaunching() {
-    if (launchTakenOver()) {
-        return;
-    }
     installExceptionLogger();
     if (anotherInstanceIsRunning()) {
         log_.error("another Ambrel instance is already running — this copy will terminate");
@@ -56,14 +52,6 @@ void AppDelegate::applicationDidFinishLaunching() {
     reopenObserver_ = platform_.application().didReopen.subscribe(
         [this] { applicationShouldHandleReopen(platform_.application().hasVisibleTitledWindow()); });
     takeRoad();
-}
-
-bool AppDelegate::launchTakenOver() {
-    if (Snapshots::runIfRequested(platform_.environment())) {
-        platform_.application().terminate();
-        return true;
-    }
-    return Capture::runIfRequested(platform_.environment());
 }
 
 bool AppDelegate::anotherInstanceIsRunning() const {

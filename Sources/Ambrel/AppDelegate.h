@@ -47,7 +47,6 @@ public:
     bool applicationShouldHandleReopen(bool hasVisibleWindows);
 
 private:
-    [[nodiscard]] bool launchTakenOver();
     [[nodiscard]] bool anotherInstanceIsRunning() const;
     void applyStoredDockPolicy();
     void applyDockIconPreferenceLive(bool show);

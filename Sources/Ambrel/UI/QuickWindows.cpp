@@ -1,28 +1,16 @@
 #include "UI/QuickWindows.h"
 
-#include "DesignSystem/DesignSystem.h"
 #include "Platform/ClickMonitor.h"
 #include "Platform/Compositor.h"
 #include "Platform/Environment.h"
 #include "Platform/Platform.h"
 #include "Platform/Workspace.h"
 #include "State/AppSettings.h"
+#include "UI/RegisterViews.h"
 
 #include <utility>
 
-void qml_register_types_Ambrel_UI();
-
 namespace ambrel {
-
-namespace {
-
-/// The types register themselves, if only the linker keeps them: a static library gives what somebody names.
-void registerViews() {
-    registerDesignSystem();
-    [[maybe_unused]] void (*const volatile keep)() = &qml_register_types_Ambrel_UI;
-}
-
-} // namespace
 
 QuickWindows::QuickWindows(const WindowsNeighbours& neighbours)
     : appearance_(neighbours.platform.appearance()), settings_(neighbours.settings), engine_(neighbours.engine),
