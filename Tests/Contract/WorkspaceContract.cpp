@@ -135,6 +135,12 @@ TEST_F(WorkspaceContract, AnInstalledApplicationIsFoundAndOpened) {
     ASSERT_TRUE(installed);
     EXPECT_EQ(installed->displayName, editor.name);
     EXPECT_EQ(workspace.installedApplication("org.example.contract.Nobody"), std::nullopt);
+    const auto all = workspace.installedApplications();
+    EXPECT_EQ(std::count_if(all.begin(), all.end(),
+                            [&](const auto& each) {
+                                return each.bundleIdentifier == editor.bundleIdentifier && each.url == installed->url;
+                            }),
+              1);
 
     const WorkspaceEvents events(workspace);
     workspace.openApplication(installed->url);

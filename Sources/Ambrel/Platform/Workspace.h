@@ -11,6 +11,8 @@ namespace ambrel {
 struct InstalledApplication {
     std::filesystem::path url; ///< what `openApplication` takes
     std::string displayName;   ///< in the user's language
+    std::string bundleIdentifier = {};
+    std::string icon = {}; ///< a name in the desktop's icon theme, or a path; may be empty
 };
 
 /// The running and installed applications of the user's session.
@@ -34,6 +36,8 @@ public:
 
     [[nodiscard]] virtual std::optional<InstalledApplication>
     installedApplication(const std::string& bundleIdentifier) const = 0;
+    /// All that menus show, in no order.
+    [[nodiscard]] virtual std::vector<InstalledApplication> installedApplications() const = 0;
 
     /// Starts or activates an application by its `url`. Nothing is reported back.
     virtual void openApplication(const std::filesystem::path& url) = 0;

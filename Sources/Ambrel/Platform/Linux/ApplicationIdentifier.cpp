@@ -59,10 +59,22 @@ ApplicationIdentity ApplicationIdentifier::identify(ProcessId pid, const WindowI
 std::optional<InstalledApplication> ApplicationIdentifier::installedApplication(const std::string& bundleIdentifier) {
     const auto id = entryOf(bundleIdentifier);
     const auto entry = id ? entries_.entry(*id) : std::nullopt;
-    if (!entry) {
-        return std::nullopt;
+    return entry ? std::optional(installed(*entry)) : std::nullopt;
+}
+
+std::vector<InstalledApplication> ApplicationIdentifier::installedApplications() {
+    std::vector<InstalledApplication> applications;
+    for (const auto& entry : entries_.shownInMenus()) {
+        applications.push_back(installed(entry));
     }
-    return InstalledApplication{.url = entry->path, .displayName = entry->localizedName};
+    return applications;
+}
+
+InstalledApplication ApplicationIdentifier::installed(const DesktopEntry& entry) {
+    return {.url = entry.path,
+            .displayName = entry.localizedName,
+            .bundleIdentifier = identifierOf(entry.id),
+            .icon = entry.icon};
 }
 
 void ApplicationIdentifier::open(const std::filesystem::path& url) {

@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace ambrel {
 
@@ -17,11 +18,14 @@ public:
     [[nodiscard]] ApplicationIdentity identify(ProcessId pid, const WindowIdentityFacts& window);
 
     [[nodiscard]] std::optional<InstalledApplication> installedApplication(const std::string& bundleIdentifier);
+    /// All that menus show.
+    [[nodiscard]] std::vector<InstalledApplication> installedApplications();
 
     /// Starts or activates the application of a desktop entry, without waiting for it. A failure is logged.
     void open(const std::filesystem::path& url);
 
 private:
+    [[nodiscard]] InstalledApplication installed(const DesktopEntry& entry);
     [[nodiscard]] std::string identifierOf(const std::string& entryId);
     [[nodiscard]] std::optional<std::string> entryOf(const std::string& bundleIdentifier);
     [[nodiscard]] std::optional<std::string> textEditorEntry();

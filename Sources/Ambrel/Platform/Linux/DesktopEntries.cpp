@@ -32,15 +32,38 @@ DesktopEntryRecord recordOf(GAppInfo* info) {
             .shownInMenus = g_app_info_should_show(info) != FALSE};
 }
 
-DesktopEntryIndex readIndex() {
-    std::vector<DesktopEntryRecord> records;
+std::string iconOf(GAppInfo* info) {
+    GIcon* const icon = g_app_info_get_icon(info);
+    if (icon == nullptr) {
+        return {};
+    }
+    char* const text = g_icon_to_string(icon);
+    auto name = textOf(text);
+    g_free(text);
+    return name;
+}
+
+DesktopEntry entryOf(GAppInfo* info) {
+    return {.id = entryIdOf(info),
+            .path = textOf(g_desktop_app_info_get_filename(G_DESKTOP_APP_INFO(info))),
+            .localizedName = textOf(g_app_info_get_name(info)),
+            .icon = iconOf(info),
+            .shownInMenus = g_app_info_should_show(info) != FALSE};
+}
+
+template <typename Visit> void forEachEntry(Visit visit) {
     GList* const all = g_app_info_get_all();
     for (GList* node = all; node != nullptr; node = node->next) {
         if (G_IS_DESKTOP_APP_INFO(node->data)) {
-            records.push_back(recordOf(G_APP_INFO(node->data)));
+            visit(G_APP_INFO(node->data));
         }
     }
     g_list_free_full(all, g_object_unref);
+}
+
+DesktopEntryIndex readIndex() {
+    std::vector<DesktopEntryRecord> records;
+    forEachEntry([&](GAppInfo* info) { records.push_back(recordOf(info)); });
     return DesktopEntryIndex(std::move(records));
 }
 
@@ -81,11 +104,19 @@ std::optional<DesktopEntry> DesktopEntries::entry(const std::string& id) const {
     if (!info) {
         return std::nullopt;
     }
-    GAppInfo* const app = G_APP_INFO(info.get());
-    return DesktopEntry{.id = id,
-                        .path = textOf(g_desktop_app_info_get_filename(info.get())),
-                        .localizedName = textOf(g_app_info_get_name(app)),
-                        .shownInMenus = g_app_info_should_show(app) != FALSE};
+    auto entry = entryOf(G_APP_INFO(info.get()));
+    entry.id = id;
+    return entry;
+}
+
+std::vector<DesktopEntry> DesktopEntries::shownInMenus() const {
+    std::vector<DesktopEntry> entries;
+    forEachEntry([&](GAppInfo* info) {
+        if (auto entry = entryOf(info); entry.shownInMenus) {
+            entries.push_back(std::move(entry));
+        }
+    });
+    return entries;
 }
 
 std::optional<std::string> DesktopEntries::textHandler() {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace ambrel {
 
@@ -14,6 +15,7 @@ struct DesktopEntry {
     std::string id; ///< without its last ".desktop"
     std::filesystem::path path;
     std::string localizedName;
+    std::string icon; ///< a name, or a path; empty where there is none
     bool shownInMenus = false;
 };
 
@@ -29,6 +31,7 @@ public:
     [[nodiscard]] const DesktopEntryIndex& index();
     /// Absent if there is no entry of this id.
     [[nodiscard]] std::optional<DesktopEntry> entry(const std::string& id) const;
+    [[nodiscard]] std::vector<DesktopEntry> shownInMenus() const;
     /// The id of the default handler of plain text; absent if there is none, or it runs in a terminal.
     [[nodiscard]] std::optional<std::string> textHandler();
 

@@ -72,6 +72,10 @@ std::optional<InstalledApplication> LinuxWorkspace::installedApplication(const s
     return identifier_.installedApplication(bundleIdentifier);
 }
 
+std::vector<InstalledApplication> LinuxWorkspace::installedApplications() const {
+    return identifier_.installedApplications();
+}
+
 void LinuxWorkspace::openApplication(const std::filesystem::path& url) {
     identifier_.open(url);
 }

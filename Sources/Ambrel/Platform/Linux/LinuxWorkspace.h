@@ -30,6 +30,7 @@ public:
     [[nodiscard]] ProcessId currentProcessIdentifier() const override;
     [[nodiscard]] std::optional<InstalledApplication>
     installedApplication(const std::string& bundleIdentifier) const override;
+    [[nodiscard]] std::vector<InstalledApplication> installedApplications() const override;
     void openApplication(const std::filesystem::path& url) override;
     void openURL(const std::string& url) override;
     void revealFile(const std::filesystem::path& file) override;

@@ -35,10 +35,18 @@ SimulatedWorkspace::installedApplication(const std::string& bundleIdentifier) co
     return found == installed_.end() ? std::nullopt : std::optional(found->second);
 }
 
+std::vector<InstalledApplication> SimulatedWorkspace::installedApplications() const {
+    std::vector<InstalledApplication> all;
+    for (const auto& [identifier, application] : installed_) {
+        all.push_back(application);
+    }
+    return all;
+}
+
 InstalledApplication SimulatedWorkspace::install(const std::string& bundleIdentifier, const std::string& name) {
-    return installed_
-        .insert_or_assign(bundleIdentifier, InstalledApplication{home_ / "apps" / (name + ".desktop"), name})
-        .first->second;
+    InstalledApplication application{
+        .url = home_ / "apps" / (name + ".desktop"), .displayName = name, .bundleIdentifier = bundleIdentifier};
+    return installed_.insert_or_assign(bundleIdentifier, std::move(application)).first->second;
 }
 
 void SimulatedWorkspace::openApplication(const std::filesystem::path& url) {

@@ -31,6 +31,7 @@ public:
     [[nodiscard]] ProcessId currentProcessIdentifier() const override { return ownPID; }
     [[nodiscard]] std::optional<InstalledApplication>
     installedApplication(const std::string& bundleIdentifier) const override;
+    [[nodiscard]] std::vector<InstalledApplication> installedApplications() const override;
     /// Activates the application if it runs, else launches it. Notes the request in any case.
     void openApplication(const std::filesystem::path& url) override;
     void openURL(const std::string& url) override { links.push_back(url); }
