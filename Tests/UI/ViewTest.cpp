@@ -30,8 +30,8 @@ QAccessibleInterface* find(QAccessibleInterface* root, const QString& name) {
 
 QuickWindows& ViewTest::windows() {
     if (!windows_) {
-        windows_ = std::make_unique<QuickWindows>(
-            WindowsNeighbours{desktop, house().settings, house().engine, hotKeys, house().audit, *house().clock});
+        windows_ = std::make_unique<QuickWindows>(WindowsNeighbours{desktop, house().settings, house().engine, hotKeys,
+                                                                    house().audit, *house().clock, house().rules});
     }
     return *windows_;
 }

@@ -43,23 +43,5 @@ Flickable {
         height: childrenRect.height
     }
 
-    T.ScrollBar.vertical: T.ScrollBar {
-        id: bar
-
-        implicitWidth: 10
-        visible: size < 1
-        minimumSize: 0.08
-        Accessible.ignored: true
-
-        contentItem: Item {
-            Rectangle {
-                anchors.right: parent.right
-                anchors.rightMargin: 3
-                width: bar.hovered || bar.pressed ? 6 : 4
-                height: parent.height
-                radius: width / 2
-                color: bar.hovered || bar.pressed ? ABColor.textSecondary : ABColor.textTertiary
-            }
-        }
-    }
+    T.ScrollBar.vertical: ABScrollBar {}
 }

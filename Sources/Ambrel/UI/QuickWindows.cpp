@@ -6,9 +6,12 @@
 #include "Platform/Platform.h"
 #include "Platform/Workspace.h"
 #include "State/AppSettings.h"
+#include "UI/Components/ApplicationIconProvider.h"
 #include "UI/RegisterViews.h"
 
 #include <utility>
+
+#include <QQmlEngine>
 
 namespace ambrel {
 
@@ -17,14 +20,18 @@ QuickWindows::QuickWindows(const WindowsNeighbours& neighbours)
       guard_(neighbours.settings), hotKey_(neighbours.settings, neighbours.hotKeys),
       history_({neighbours.audit, neighbours.clock, neighbours.platform.workspace(),
                 neighbours.platform.environment().value("HOME").value_or("")}),
-      about_(neighbours.platform), stage_(neighbours.platform.mainQueue()),
+      about_(neighbours.platform), rules_(neighbours.platform, neighbours.rules),
+      chooser_(neighbours.platform.workspace()), stage_(neighbours.platform.mainQueue()),
       dock_(neighbours.platform.application(), neighbours.settings, stage_),
       settingsWindow_({stage_, neighbours.platform.compositor(), dock_, neighbours.settings, settings_, engine_, guard_,
-                       hotKey_, history_, about_}),
+                       hotKey_, history_, about_, rules_, chooser_}),
       panelNeighbours_{stage_, neighbours.platform.compositor(), neighbours.platform.clickMonitor(),
                        neighbours.platform.workspace()},
       dropdown_(panelNeighbours_, settings_, engine_), confirmation_(panelNeighbours_) {
     registerViews();
+    icons_ = stage_.didMakeEngine.subscribe([&workspace = neighbours.platform.workspace()](QQmlEngine& engine) {
+        engine.addImageProvider(QLatin1String(ApplicationIconProvider::scheme), new ApplicationIconProvider(workspace));
+    });
 }
 
 void QuickWindows::showDropdown(const StatusItemPlace& place, DropdownActions actions) {

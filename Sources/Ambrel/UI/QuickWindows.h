@@ -3,9 +3,11 @@
 #include "Core/Logger.h"
 #include "UI/Models/AboutModel.h"
 #include "UI/Models/AppearanceGuard.h"
+#include "UI/Models/ApplicationChooser.h"
 #include "UI/Models/EngineModel.h"
 #include "UI/Models/HistoryModel.h"
 #include "UI/Models/HotKeySwitch.h"
+#include "UI/Models/RulesModel.h"
 #include "UI/Models/SettingsModel.h"
 #include "UI/Settings/SettingsWindowController.h"
 #include "UI/Stage/AppearanceFeed.h"
@@ -40,7 +42,10 @@ private:
     HotKeySwitch hotKey_;
     HistoryModel history_;
     AboutModel about_;
+    RulesModel rules_;
+    ApplicationChooser chooser_;
     Stage stage_;
+    Subscription icons_;
     DockPresence dock_;
     SettingsWindowController settingsWindow_;
     KeyablePanel::Neighbours panelNeighbours_;

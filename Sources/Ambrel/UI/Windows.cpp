@@ -6,6 +6,7 @@
 #include "Platform/AppClock.h"
 #include "Platform/Bundle.h"
 #include "Platform/Platform.h"
+#include "State/AppRulesStore.h"
 #include "State/AppSettings.h"
 #include "UI/WindowsModule.h"
 
@@ -14,7 +15,8 @@ namespace ambrel {
 Windows& Windows::shared() {
     static auto& windows = *new WindowsModule(Platform::shared().bundle().bundleURL() / "libAmbrelWindows.so", [] {
         return WindowsNeighbours{Platform::shared(),      AppSettings::shared(),      QuitEngine::shared(),
-                                 HotKeyManager::shared(), TerminationAudit::shared(), AppClock::shared()};
+                                 HotKeyManager::shared(), TerminationAudit::shared(), AppClock::shared(),
+                                 AppRulesStore::shared()};
     });
     return windows;
 }

@@ -4,6 +4,7 @@
 
 namespace ambrel {
 
+class AppRulesStore;
 class AppSettings;
 class Clock;
 class HotKeyManager;
@@ -20,6 +21,7 @@ struct WindowsNeighbours {
     HotKeyManager& hotKeys;
     TerminationAudit& audit;
     const Clock& clock;
+    AppRulesStore& rules;
 };
 
 /// The one function that the library of windows offers, by the name `ambrelMakeWindows`.

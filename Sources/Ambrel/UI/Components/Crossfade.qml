@@ -1,11 +1,12 @@
 import QtQuick
 import Ambrel.DesignSystem
 
-/// Shows one component at a time, and fades from the one before to it.
+/// Shows one component at a time, and fades from the one before to it; to a new one of the same when `identity` changes.
 FocusScope {
     id: root
 
     property Component sourceComponent
+    property var identity
     /// Milliseconds before the fade begins.
     property int delay: 0
     readonly property Item item: front.item
@@ -13,10 +14,15 @@ FocusScope {
     property Loader back: second
 
     onSourceComponentChanged: {
-        if (front.sourceComponent === null) {
+        if (front.sourceComponent === null)
             front.sourceComponent = sourceComponent;
-            return;
-        }
+        else
+            exchange();
+    }
+    onIdentityChanged: if (front.sourceComponent !== null)
+        exchange()
+
+    function exchange(): void {
         fade.complete();
         const leaving = front;
         front = back;
@@ -29,12 +35,14 @@ FocusScope {
         id: first
 
         anchors.fill: parent
+        z: root.front === first ? 1 : 0
         focus: root.front === first
     }
     Loader {
         id: second
 
         anchors.fill: parent
+        z: root.front === second ? 1 : 0
         focus: root.front === second
     }
 

@@ -13,6 +13,8 @@ FocusScope {
     required property HotKeySwitch hotKey
     required property HistoryModel history
     required property AboutModel about
+    required property RulesModel rules
+    required property ApplicationChooser chooser
     property int selection: AdvancedSettingsView.General
 
     signal hideAdvanced
@@ -68,7 +70,10 @@ FocusScope {
     Component {
         id: rulesPage
 
-        Item {}
+        AppRulesTab {
+            rules: root.rules
+            chooser: root.chooser
+        }
     }
     Component {
         id: historyPage

@@ -12,6 +12,8 @@ FocusScope {
     required property HotKeySwitch hotKey
     required property HistoryModel history
     required property AboutModel about
+    required property RulesModel rules
+    required property ApplicationChooser chooser
     property bool isAdvanced: false
 
     focus: true
@@ -54,6 +56,8 @@ FocusScope {
             hotKey: root.hotKey
             history: root.history
             about: root.about
+            rules: root.rules
+            chooser: root.chooser
             onHideAdvanced: root.setAdvanced(false)
         }
     }

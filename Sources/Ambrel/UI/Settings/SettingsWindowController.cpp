@@ -3,9 +3,11 @@
 #include "State/AppSettings.h"
 #include "UI/Models/AboutModel.h"
 #include "UI/Models/AppearanceGuard.h"
+#include "UI/Models/ApplicationChooser.h"
 #include "UI/Models/EngineModel.h"
 #include "UI/Models/HistoryModel.h"
 #include "UI/Models/HotKeySwitch.h"
+#include "UI/Models/RulesModel.h"
 #include "UI/Models/SettingsModel.h"
 #include "UI/Settings/SettingsForm.h"
 #include "UI/Stage/DockPresence.h"
@@ -53,7 +55,9 @@ void SettingsWindowController::makeWindow() {
                                  {"appearance", QVariant::fromValue(&neighbours_.appearance)},
                                  {"hotKey", QVariant::fromValue(&neighbours_.hotKey)},
                                  {"history", QVariant::fromValue(&neighbours_.history)},
-                                 {"about", QVariant::fromValue(&neighbours_.about)}},
+                                 {"about", QVariant::fromValue(&neighbours_.about)},
+                                 {"rules", QVariant::fromValue(&neighbours_.rules)},
+                                 {"chooser", QVariant::fromValue(&neighbours_.chooser)}},
                                 form.size, style());
     window_->setTitle(QStringLiteral("Ambrel"));
     window_->setMinimumSize(form.minimum);

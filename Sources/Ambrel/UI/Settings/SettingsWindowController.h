@@ -12,12 +12,14 @@ namespace ambrel {
 
 class AboutModel;
 class AppearanceGuard;
+class ApplicationChooser;
 class AppSettings;
 class Compositor;
 class DockPresence;
 class EngineModel;
 class HistoryModel;
 class HotKeySwitch;
+class RulesModel;
 class SettingsModel;
 class Stage;
 
@@ -36,6 +38,8 @@ public:
         HotKeySwitch& hotKey;
         HistoryModel& history;
         AboutModel& about;
+        RulesModel& rules;
+        ApplicationChooser& chooser;
     };
 
     explicit SettingsWindowController(Neighbours neighbours);

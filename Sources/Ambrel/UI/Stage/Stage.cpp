@@ -37,6 +37,7 @@ Stage::~Stage() = default;
 QQmlEngine& Stage::engine() {
     if (!engine_) {
         engine_ = std::make_unique<QQmlEngine>();
+        didMakeEngine.emit(*engine_);
         scheduleLettingGo();
     }
     return *engine_;

@@ -27,6 +27,8 @@ public:
     void follow(QQuickWindow& window, bool isTitled);
     [[nodiscard]] bool hasVisibleTitledWindow() const;
 
+    /// There is a new engine, for what views of any window can name.
+    Signal<QQmlEngine&> didMakeEngine;
     /// Whoever keeps a window has to drop it now.
     Signal<> willLetGo;
 
