@@ -5,6 +5,8 @@
 #include <cerrno>
 #include <cstdio>
 
+#include <fmt/format.h>
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -92,7 +94,7 @@ bool flushFolder(const fs::path& folder) {
 }
 
 std::optional<FileFailure> replaceTarget(const fs::path& target, std::string_view content) {
-    const auto temporary = target.parent_path() / ("." + target.filename().string() + ".new");
+    const auto temporary = target.parent_path() / fmt::format(".{}.new", target.filename().string());
     const auto file = openTemporary(temporary);
     if (!file.valid()) {
         return lastFailure();
