@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Engine/DevGuard.h"
+#include "Engine/HotKeyManager.h"
 #include "Engine/QuitEngine.h"
 #include "Engine/QuitNotifier.h"
 #include "Engine/SystemState.h"
@@ -8,7 +9,11 @@
 #include "Platform/Simulated/SimulatedPlatform.h"
 #include "State/AppRulesStore.h"
 #include "State/AppSettings.h"
+#include "UI/Models/AboutModel.h"
+#include "UI/Models/AppearanceGuard.h"
 #include "UI/Models/EngineModel.h"
+#include "UI/Models/HistoryModel.h"
+#include "UI/Models/HotKeySwitch.h"
 #include "UI/Models/SettingsModel.h"
 #include "UI/Stage/Stage.h"
 #include "UI/StatusBar/DropdownPanel.h"
@@ -30,6 +35,10 @@ public:
     /// As properties of views.
     [[nodiscard]] QVariant settings() { return QVariant::fromValue(&settingsModel_); }
     [[nodiscard]] QVariant engine() { return QVariant::fromValue(&engineModel_); }
+    [[nodiscard]] QVariant appearance() { return QVariant::fromValue(&appearance_); }
+    [[nodiscard]] QVariant hotKey() { return QVariant::fromValue(&hotKey_); }
+    [[nodiscard]] QVariant history() { return QVariant::fromValue(&history_); }
+    [[nodiscard]] QVariant about() { return QVariant::fromValue(&about_); }
     [[nodiscard]] QVariant dropdown() { return QVariant::fromValue(&dropdown_); }
     [[nodiscard]] QVariant confirmation() { return QVariant::fromValue(&confirmation_); }
 
@@ -47,8 +56,13 @@ private:
     WindowOracle oracle_;
     QuitNotifier notifier_;
     QuitEngine engine_;
+    HotKeyManager hotKeys_;
     SettingsModel settingsModel_;
     EngineModel engineModel_;
+    AppearanceGuard appearance_;
+    HotKeySwitch hotKey_;
+    HistoryModel history_;
+    AboutModel about_;
     Stage stage_;
     KeyablePanel::Neighbours panelNeighbours_;
     DropdownPanel dropdown_;

@@ -37,9 +37,13 @@ void Frame::arrange(QSize size) {
         window_.resize(size);
         return;
     }
-    view_->setPosition(QPointF(room, room));
-    const auto fit = [this] {
-        window_.resize(view_->size().toSize() + QSize(2 * room, 2 * room));
+    const int around = size.width() > 0 ? 0 : room;
+    if (around == 0) {
+        view_->setWidth(size.width());
+    }
+    view_->setPosition(QPointF(around, around));
+    const auto fit = [this, around] {
+        window_.resize(view_->size().toSize() + QSize(2 * around, 2 * around));
     };
     fit();
     // Words that wrap say late how much room they take.

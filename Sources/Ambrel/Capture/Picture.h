@@ -13,7 +13,8 @@ struct Picture {
     std::string key;
     QUrl view;
     QVariantMap properties;
-    /// Of the whole picture. Empty: the view's own, and some room around it.
+    /// Of the whole picture. Without a height: as high as the view asks to be. Empty: the view's own size, and some
+    /// room around it.
     QSize size;
 };
 

@@ -8,6 +8,8 @@ Item {
 
     required property SettingsModel settings
     required property EngineModel engine
+    required property AppearanceGuard appearance
+    required property HotKeySwitch hotKey
 
     SettingsSidebar {
         id: sidebar
@@ -17,8 +19,24 @@ Item {
         selection: AdvancedSettingsView.General
     }
     ABDivider {
+        id: edge
+
         upright: true
         height: parent.height
         anchors.left: sidebar.right
+    }
+    Item {
+        anchors.left: edge.right
+        anchors.right: parent.right
+        height: parent.height
+        clip: true
+
+        GeneralTab {
+            width: parent.width
+            settings: root.settings
+            engine: root.engine
+            appearance: root.appearance
+            hotKey: root.hotKey
+        }
     }
 }
