@@ -10,7 +10,7 @@ ABRow {
 
     horizontalPadding: 8
     verticalPadding: 5
-    focusPolicy: selected ? Qt.StrongFocus : Qt.NoFocus
+    focusPolicy: selected || activeFocus ? Qt.StrongFocus : Qt.NoFocus
     Accessible.role: Accessible.PageTab
     Accessible.selected: selected
 
