@@ -181,6 +181,23 @@ TEST_F(AppRulesTab, ResetsAndRemovesAfterAQuestion) {
     EXPECT_TRUE(eventually([this] { return shows("Applied to apps without their own rule"); }));
 }
 
+TEST_F(AppRulesTab, BringsAnAddedRuleIntoSight) {
+    for (int number = 0; number < 60; ++number) {
+        house().rules.upsert(AppRule("org.example.Rule" + std::to_string(number)));
+    }
+    desktop.workspace().install("org.example.Zebra", "Zebra");
+    open();
+    click("Add App…");
+    ASSERT_TRUE(eventually([this] { return shows("Zebra"); }));
+    type("Zebra");
+    press(Qt::Key_Return);
+    EXPECT_TRUE(eventually([this] {
+        // Where the row is out of sight, only the heading of the editor has this name.
+        return shows("Remove") && element("Zebra")->role() != QAccessible::Heading &&
+               window()->geometry().contains(element("Zebra")->rect());
+    }));
+}
+
 TEST_F(AppRulesTab, AddsAnApplicationThatIsTypedForOrNamedByItsFile) {
     auto& workspace = desktop.workspace();
     workspace.install(editor, "Editor");

@@ -74,8 +74,8 @@ void RulesModel::setQuery(const QString& query) {
 
 void RulesModel::addApp(const QString& bundleIdentifier) {
     model().addApp(bundleIdentifier.toStdString());
-    selectionChanged();
     refresh();
+    selectionChanged();
 }
 
 void RulesModel::resetToDefaults() {

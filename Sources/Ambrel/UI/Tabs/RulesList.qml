@@ -18,6 +18,16 @@ FocusScope {
         list.itemAtIndex(rules.selectedIndex)?.forceActiveFocus(Qt.TabFocusReason);
     }
 
+    // A rule that was added may have its place out of sight.
+    Connections {
+        target: root.rules
+
+        function onSelectionChanged(): void {
+            list.forceLayout();
+            list.positionViewAtIndex(root.rules.selectedIndex, ListView.Contain);
+        }
+    }
+
     ColumnLayout {
         anchors.fill: parent
         spacing: 8
