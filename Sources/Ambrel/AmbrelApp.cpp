@@ -20,12 +20,26 @@
 namespace ambrel {
 namespace {
 
+/// The event loop runs.
+bool isRunning = false;
+
+/// The toolkit has a connection of its own, and calls exit() when it is the first to notice that the server has gone.
+void endedByToolkit() {
+    if (isRunning) {
+        LinuxPlatform::logLostServer();
+        TerminationAudit::shared().drain();
+    }
+}
+
 int run(LinuxPlatform& platform) {
     Platform::install(platform);
     platform.applicationHost().setWindowQuestion([] { return Windows::shared().hasVisibleTitledWindow(); });
     AppDelegate delegate(platform, AppDelegate::Neighbours::shared());
     platform.mainQueue().async([&delegate] { delegate.applicationDidFinishLaunching(); });
+    std::atexit(endedByToolkit);
+    isRunning = true;
     const int status = QCoreApplication::exec();
+    isRunning = false;
     // Every decision that was recorded reaches the log, whatever ended the program.
     TerminationAudit::shared().drain();
     return status;

@@ -43,7 +43,7 @@ constexpr Logger logger("lifecycle");
 constexpr Seconds connectingLimit{5};
 
 void endWithoutServer() {
-    logger.error("connection to the X server lost");
+    LinuxPlatform::logLostServer();
     QCoreApplication::exit(1);
 }
 
@@ -103,6 +103,13 @@ struct LinuxPlatform::Parts {
     Subscription offered;
     Subscription recoloured;
 };
+
+void LinuxPlatform::logLostServer() {
+    static bool said = false;
+    if (!std::exchange(said, true)) {
+        logger.error("connection to the X server lost");
+    }
+}
 
 LinuxPlatform::Connection LinuxPlatform::connect() {
     return X11Connection::open({}, connectingLimit);

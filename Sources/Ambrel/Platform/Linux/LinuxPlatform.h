@@ -18,7 +18,9 @@ public:
 
     /// Fails where there is no X server to talk to. May be called before there is an application object.
     [[nodiscard]] static Connection connect();
-    /// If the server goes later, a line is logged and the event loop ends with status 1.
+    /// Says once that the server has gone.
+    static void logLostServer();
+    /// If the server goes later, that is said and the event loop ends with status 1.
     explicit LinuxPlatform(std::unique_ptr<X11Connection> connection);
     LinuxPlatform(const LinuxPlatform&) = delete;
     LinuxPlatform& operator=(const LinuxPlatform&) = delete;
