@@ -16,7 +16,8 @@ Item {
         anchors.fill: parent
         visible: root.source.length > 0
         source: root.source
-        sourceSize: Qt.size(root.size, root.size)
+        sourceSize.width: root.size
+        sourceSize.height: root.size
     }
     ABSymbol {
         anchors.fill: parent

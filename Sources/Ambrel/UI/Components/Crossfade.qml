@@ -9,9 +9,13 @@ FocusScope {
     property var identity
     /// Milliseconds before the fade begins.
     property int delay: 0
-    readonly property Item item: front.item
+    readonly property Item item: front.item as Item
     property Loader front: first
     property Loader back: second
+
+    function dropLeaving(): void {
+        back.sourceComponent = null;
+    }
 
     onSourceComponentChanged: {
         if (front.sourceComponent === null)
@@ -70,7 +74,7 @@ FocusScope {
             }
         }
         ScriptAction {
-            script: root.back.sourceComponent = null
+            script: root.dropLeaving()
         }
     }
 }

@@ -57,7 +57,7 @@ T.Popup {
 
     contentItem: FocusScope {
         focus: true
-        LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+        LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
         LayoutMirroring.childrenInherit: true
         Accessible.role: Accessible.Dialog
         Accessible.name: qsTr("Add Rule")
