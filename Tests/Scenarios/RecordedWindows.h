@@ -28,10 +28,16 @@ public:
         opened.emplace_back("onboarding");
         onFinish();
     }
+    void presentGate(GateActions actions) override {
+        opened.emplace_back("gate");
+        gate = std::move(actions);
+    }
+    void dismissGate() override { gate.reset(); }
     [[nodiscard]] bool hasVisibleTitledWindow() const override { return false; }
 
     std::optional<DropdownActions> dropdown; ///< while it is visible
     std::optional<QuitAllQuestion> question; ///< the latest one
+    std::optional<GateActions> gate;         ///< until it is dismissed
     Rect shownAt;                            ///< the button that the latest of these two hangs from
     std::vector<std::string> opened;
 };

@@ -31,7 +31,8 @@ QAccessibleInterface* find(QAccessibleInterface* root, const QString& name) {
 QuickWindows& ViewTest::windows() {
     if (!windows_) {
         windows_ = std::make_unique<QuickWindows>(WindowsNeighbours{desktop, house().settings, house().engine, hotKeys,
-                                                                    house().audit, *house().clock, house().rules});
+                                                                    house().audit, *house().clock, house().rules,
+                                                                    house().guard});
     }
     return *windows_;
 }

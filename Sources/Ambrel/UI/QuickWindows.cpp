@@ -25,6 +25,13 @@ QuickWindows::QuickWindows(const WindowsNeighbours& neighbours)
       dock_(neighbours.platform.application(), neighbours.settings, stage_),
       settingsWindow_({stage_, neighbours.platform.compositor(), dock_, neighbours.settings, settings_, engine_, guard_,
                        hotKey_, history_, about_, rules_, chooser_}),
+      runningApps_({stage_,
+                    neighbours.platform.compositor(),
+                    dock_,
+                    neighbours.platform,
+                    {neighbours.guard, neighbours.audit, neighbours.rules}}),
+      onboarding_({stage_, neighbours.platform.compositor(), dock_, neighbours.platform, neighbours.engine}),
+      gate_({stage_, neighbours.platform.compositor(), dock_, neighbours.platform.accessibility()}),
       panelNeighbours_{stage_, neighbours.platform.compositor(), neighbours.platform.clickMonitor(),
                        neighbours.platform.workspace()},
       dropdown_(panelNeighbours_, settings_, engine_), confirmation_(panelNeighbours_) {
@@ -42,15 +49,6 @@ void QuickWindows::showDropdown(const StatusItemPlace& place, DropdownActions ac
 void QuickWindows::confirmQuitAll(const StatusItemPlace& place, QuitAllQuestion question) {
     dropdown_.dismiss();
     confirmation_.ask(place, std::move(question));
-}
-
-void QuickWindows::showRunningApps() {
-    log_.notice("the Running Apps window is not there yet");
-}
-
-void QuickWindows::presentOnboarding(std::function<void()> onFinish) {
-    log_.notice("onboarding is not there yet");
-    onFinish();
 }
 
 } // namespace ambrel

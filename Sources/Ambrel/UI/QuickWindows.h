@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Core/Logger.h"
+#include "UI/Gate/AccessibilityGateController.h"
 #include "UI/Models/AboutModel.h"
 #include "UI/Models/AppearanceGuard.h"
 #include "UI/Models/ApplicationChooser.h"
@@ -9,6 +9,8 @@
 #include "UI/Models/HotKeySwitch.h"
 #include "UI/Models/RulesModel.h"
 #include "UI/Models/SettingsModel.h"
+#include "UI/Onboarding/OnboardingController.h"
+#include "UI/RunningApps/RunningAppsController.h"
 #include "UI/Settings/SettingsWindowController.h"
 #include "UI/Stage/AppearanceFeed.h"
 #include "UI/Stage/DockPresence.h"
@@ -30,8 +32,10 @@ public:
     [[nodiscard]] bool isDropdownVisible() const override { return dropdown_.isVisible(); }
     void confirmQuitAll(const StatusItemPlace& place, QuitAllQuestion question) override;
     void showSettings() override { settingsWindow_.show(); }
-    void showRunningApps() override;
-    void presentOnboarding(std::function<void()> onFinish) override;
+    void showRunningApps() override { runningApps_.show(); }
+    void presentOnboarding(std::function<void()> onFinish) override { onboarding_.present(std::move(onFinish)); }
+    void presentGate(GateActions actions) override { gate_.present(std::move(actions)); }
+    void dismissGate() override { gate_.dismiss(); }
     [[nodiscard]] bool hasVisibleTitledWindow() const override { return stage_.hasVisibleTitledWindow(); }
 
 private:
@@ -48,10 +52,12 @@ private:
     Subscription icons_;
     DockPresence dock_;
     SettingsWindowController settingsWindow_;
+    RunningAppsController runningApps_;
+    OnboardingController onboarding_;
+    AccessibilityGateController gate_;
     KeyablePanel::Neighbours panelNeighbours_;
     DropdownPanel dropdown_;
     QuitAllConfirmation confirmation_;
-    Logger log_{"ui"};
 };
 
 } // namespace ambrel

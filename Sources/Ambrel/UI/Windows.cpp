@@ -1,5 +1,6 @@
 #include "UI/Windows.h"
 
+#include "Engine/DevGuard.h"
 #include "Engine/HotKeyManager.h"
 #include "Engine/QuitEngine.h"
 #include "Engine/TerminationAudit.h"
@@ -16,7 +17,7 @@ Windows& Windows::shared() {
     static auto& windows = *new WindowsModule(Platform::shared().bundle().bundleURL() / "libAmbrelWindows.so", [] {
         return WindowsNeighbours{Platform::shared(),      AppSettings::shared(),      QuitEngine::shared(),
                                  HotKeyManager::shared(), TerminationAudit::shared(), AppClock::shared(),
-                                 AppRulesStore::shared()};
+                                 AppRulesStore::shared(), DevGuard::shared()};
     });
     return windows;
 }

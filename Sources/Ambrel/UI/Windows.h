@@ -30,6 +30,14 @@ public:
     virtual void showRunningApps() = 0;
     virtual void presentOnboarding(std::function<void()> onFinish) = 0;
 
+    struct GateActions {
+        std::function<void()> openSettings;
+        std::function<void()> onClose; ///< the user closed it
+    };
+    /// Says that the program may not see windows, until it is dismissed or closed.
+    virtual void presentGate(GateActions actions) = 0;
+    virtual void dismissGate() = 0;
+
     /// A window with a title is up.
     [[nodiscard]] virtual bool hasVisibleTitledWindow() const = 0;
 

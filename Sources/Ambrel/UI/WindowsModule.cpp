@@ -68,6 +68,18 @@ void WindowsModule::presentOnboarding(std::function<void()> onFinish) {
     }
 }
 
+void WindowsModule::presentGate(GateActions actions) {
+    if (auto* const windows = loaded()) {
+        windows->presentGate(std::move(actions));
+    }
+}
+
+void WindowsModule::dismissGate() {
+    if (windows_) {
+        windows_->dismissGate();
+    }
+}
+
 bool WindowsModule::hasVisibleTitledWindow() const {
     return windows_ && windows_->hasVisibleTitledWindow();
 }

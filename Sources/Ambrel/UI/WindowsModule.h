@@ -24,6 +24,8 @@ public:
     void showSettings() override;
     void showRunningApps() override;
     void presentOnboarding(std::function<void()> onFinish) override;
+    void presentGate(GateActions actions) override;
+    void dismissGate() override;
     [[nodiscard]] bool hasVisibleTitledWindow() const override;
 
 private:

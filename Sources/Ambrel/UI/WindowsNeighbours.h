@@ -7,6 +7,7 @@ namespace ambrel {
 class AppRulesStore;
 class AppSettings;
 class Clock;
+class DevGuard;
 class HotKeyManager;
 class Platform;
 class QuitEngine;
@@ -22,6 +23,7 @@ struct WindowsNeighbours {
     TerminationAudit& audit;
     const Clock& clock;
     AppRulesStore& rules;
+    DevGuard& guard;
 };
 
 /// The one function that the library of windows offers, by the name `ambrelMakeWindows`.

@@ -9,6 +9,8 @@ FocusScope {
     property var identity
     /// Milliseconds before the fade begins.
     property int delay: 0
+    property int duration: ABMotion.crossfade.duration
+    readonly property int time: ABAppearance.reducedMotion ? Math.min(duration, 120) : duration
     readonly property Item item: front.item as Item
     property Loader front: first
     property Loader back: second
@@ -66,11 +68,13 @@ FocusScope {
                 target: root.front
                 property: "opacity"
                 to: 1
+                duration: root.time
             }
             ABFade {
                 target: root.back
                 property: "opacity"
                 to: 0
+                duration: root.time
             }
         }
         ScriptAction {

@@ -22,9 +22,12 @@ void DockPresence::follow(QQuickView& window) {
 
 void DockPresence::windowDidClose() {
     if (!stage_.hasVisibleTitledWindow()) {
-        host_.setActivationPolicy(settings_.showDockIcon.get() ? ActivationPolicy::regular
-                                                               : ActivationPolicy::accessory);
+        restore();
     }
+}
+
+void DockPresence::restore() {
+    host_.setActivationPolicy(settings_.showDockIcon.get() ? ActivationPolicy::regular : ActivationPolicy::accessory);
 }
 
 void DockPresence::bringForward(QQuickView& window) {

@@ -17,6 +17,8 @@ public:
     void willShowWindow();
     /// Puts the place in the task bar back when `window` has closed as the last one.
     void follow(QQuickView& window);
+    /// Puts it back at once, whatever is open.
+    void restore();
     /// Shows `window` in front, with the keyboard.
     static void bringForward(QQuickView& window);
 

@@ -26,16 +26,17 @@ ABSpringMotion growth() {
             .dampingFraction = damping / (2 * std::sqrt(stiffness))};
 }
 
-void fadeIn(QQuickView& window, double fromAlpha, double duration) {
+QVariantAnimation& fade(QQuickView& window, double fromAlpha, double toAlpha, double duration) {
     auto* const fade = new QVariantAnimation(&window);
     fade->setStartValue(fromAlpha);
-    fade->setEndValue(1.0);
+    fade->setEndValue(toAlpha);
     fade->setDuration(static_cast<int>(duration * 1000));
     fade->setEasingCurve(QEasingCurve::OutQuad);
     QObject::connect(fade, &QVariantAnimation::valueChanged, &window,
                      [&window](const QVariant& alpha) { window.setOpacity(alpha.toDouble()); });
     window.setOpacity(fromAlpha);
     fade->start(QAbstractAnimation::DeleteWhenStopped);
+    return *fade;
 }
 
 void growIn(QQuickView& window, double scaleFrom) {
@@ -59,10 +60,15 @@ void animateWindowIn(QQuickView& window, double scaleFrom, double fromAlpha, dou
     if (ABRenderConfig::drawsPictures()) {
         return;
     }
-    fadeIn(window, fromAlpha, duration);
+    fade(window, fromAlpha, 1, duration);
     if (!ABAppearance::shared().reducedMotion() && window.rootObject() != nullptr) {
         growIn(window, scaleFrom);
     }
+}
+
+void animateWindowOut(QQuickView& window, double duration) {
+    QObject::connect(&fade(window, window.opacity(), 0, duration), &QVariantAnimation::finished, &window,
+                     &QWindow::hide);
 }
 
 } // namespace ambrel

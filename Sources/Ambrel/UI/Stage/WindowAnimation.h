@@ -8,4 +8,7 @@ namespace ambrel {
 /// `duration` seconds.
 void animateWindowIn(QQuickView& window, double scaleFrom, double fromAlpha, double duration);
 
+/// Fades `window` away within `duration` seconds, and hides it.
+void animateWindowOut(QQuickView& window, double duration);
+
 } // namespace ambrel

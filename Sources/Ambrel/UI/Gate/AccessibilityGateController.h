@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Core/Signal.h"
+#include "UI/Windows.h"
+
+#include <memory>
+
+class QQuickView;
+
+namespace ambrel {
+
+class Accessibility;
+class Compositor;
+class DockPresence;
+class GatePermission;
+class Stage;
+
+/// The window that says what is missing while Ambrel may not see windows.
+class AccessibilityGateController {
+public:
+    struct Neighbours {
+        Stage& stage;
+        Compositor& compositor;
+        DockPresence& dock;
+        Accessibility& accessibility;
+    };
+
+    explicit AccessibilityGateController(Neighbours neighbours);
+    AccessibilityGateController(const AccessibilityGateController&) = delete;
+    AccessibilityGateController& operator=(const AccessibilityGateController&) = delete;
+    ~AccessibilityGateController();
+
+    void present(Windows::GateActions actions);
+    /// Without a word to `onClose`.
+    void dismiss();
+
+private:
+    void makeWindow();
+    void windowDidClose();
+    void letGo();
+
+    Neighbours neighbours_;
+    Windows::GateActions actions_;
+    std::unique_ptr<GatePermission> permission_;
+    std::unique_ptr<QQuickView> window_;
+    bool isPresented_ = false;
+    Subscription lettingGo_;
+};
+
+} // namespace ambrel
