@@ -25,6 +25,13 @@
 
 namespace ambrel {
 
+namespace {
+
+/// The gate says for as long that it may go, and a grant that is taken back within it is none.
+constexpr Seconds gateCheckDelay{0.8};
+
+} // namespace
+
 AppDelegate::Neighbours AppDelegate::Neighbours::shared() {
     return {AppSettings::shared,      DevGuard::shared,     StatusItemController::shared,
             HotKeyManager::shared,    QuitAll::shared,      Windows::shared,
@@ -134,17 +141,33 @@ void AppDelegate::startEngine() {
 }
 
 void AppDelegate::presentGate() {
-    log_.notice("the desktop publishes no windows, and the gate that explains this is not there yet; waiting");
     AccessibilityGate::promptForTrust(platform_.accessibility());
-    trustObserver_ = platform_.accessibility().trustDidChange.subscribe([this](bool trusted) {
-        if (trusted) {
+    neighbours_.windows().presentGate({.openSettings = lifetime_.guard([this] {
+                                           AccessibilityGate::promptForTrust(platform_.accessibility());
+                                           platform_.workspace().openURL(AccessibilityGate::settingsLink);
+                                       }),
+                                       .onClose = lifetime_.guard([this] {
+                                           log_.notice("gate closed by user — staying idle, still polling for a grant");
+                                       })});
+    trustObserver_ = platform_.accessibility().trustDidChange.subscribe([this](bool) { scheduleGateCheck(); });
+    log_.notice("Accessibility not granted; gate presented, polling for grant");
+}
+
+void AppDelegate::scheduleGateCheck() {
+    if (gateCheck_) {
+        gateCheck_->cancel();
+    }
+    gateCheck_ = platform_.mainQueue().asyncAfter(gateCheckDelay, lifetime_.guard([this] {
+        if (platform_.accessibility().isProcessTrusted()) {
             dismissGateAndStart();
         }
-    });
+    }));
 }
 
 void AppDelegate::dismissGateAndStart() {
     trustObserver_ = {};
+    neighbours_.windows().dismissGate();
+    log_.notice("Accessibility granted; starting engine");
     startEngine();
 }
 

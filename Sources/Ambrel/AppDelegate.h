@@ -2,6 +2,7 @@
 
 #include "Core/Lifetime.h"
 #include "Core/Logger.h"
+#include "Core/MainQueue.h"
 #include "Core/Signal.h"
 
 #include <functional>
@@ -56,6 +57,7 @@ private:
     void onboardingFinished();
     void startEngine();
     void presentGate();
+    void scheduleGateCheck();
     void dismissGateAndStart();
 
     // Environment hooks: AppDelegate+Hooks.cpp
@@ -71,6 +73,7 @@ private:
     Subscription dockObserver_;
     Subscription reopenObserver_;
     Subscription trustObserver_;
+    WorkItemRef gateCheck_;
     Lifetime lifetime_;
 };
 
