@@ -10,7 +10,7 @@ FocusScope {
     required property GatePermission permission
 
     focus: true
-    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
     // One step above the usual size.
     ABDynamicType.maximum: 1.12

@@ -9,7 +9,7 @@ FocusScope {
     required property OnboardingSteps steps
 
     focus: true
-    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
     ABDynamicType.maximum: 1
     Keys.onEscapePressed: steps.setUpLater()

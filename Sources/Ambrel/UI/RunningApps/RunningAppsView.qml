@@ -11,7 +11,7 @@ FocusScope {
     required property RunningAppsList apps
 
     focus: true
-    LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
     Keys.onEscapePressed: Window.window.close()
 
