@@ -14,6 +14,7 @@
 #include "Platform/Platform.h"
 #include "Platform/Workspace.h"
 #include "State/AppSettings.h"
+#include "State/LaunchAtLogin.h"
 #include "UI/Onboarding/Onboarding.h"
 #include "UI/StatusBar/StatusItemController.h"
 #include "UI/Windows.h"
@@ -55,6 +56,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     observeDockPreference();
     neighbours_.statusItem().install();
     installHotKey();
+    LaunchAtLogin::followProgram(platform_.loginItem());
     scheduleHooks();
     reopenObserver_ = platform_.application().didReopen.subscribe(
         [this] { applicationShouldHandleReopen(platform_.application().hasVisibleTitledWindow()); });

@@ -1,6 +1,7 @@
 #include "Contract/ContractTest.h"
 #include "Platform/BackgroundQueue.h"
 #include "Platform/HotKeyCenter.h"
+#include "Platform/LoginItem.h"
 #include "Platform/NotificationCenter.h"
 #include "Platform/Session.h"
 
@@ -123,6 +124,20 @@ TEST_F(DesktopServicesContract, ABackgroundQueueAsksUntilItHoldsAndNoOftenerThan
         EXPECT_EQ(count, asked);
         EXPECT_GE(platform.wallClock().now() - begin, interval * waits - Seconds(1e-4));
     }
+}
+
+TEST_F(DesktopServicesContract, ALoginItemIsWhatItWasMade) {
+    auto& item = platform.loginItem();
+    EXPECT_EQ(item.unregisterItem(), std::nullopt);
+    EXPECT_EQ(item.status(), LoginItemStatus::notRegistered);
+    EXPECT_EQ(item.followProgram(), std::nullopt);
+    EXPECT_EQ(item.status(), LoginItemStatus::notRegistered) << "registered by nobody's wish";
+    for (int times = 0; times < 2; ++times) {
+        EXPECT_EQ(item.registerItem(), std::nullopt);
+        EXPECT_EQ(item.status(), LoginItemStatus::enabled);
+    }
+    EXPECT_EQ(item.unregisterItem(), std::nullopt);
+    EXPECT_EQ(item.status(), LoginItemStatus::notRegistered);
 }
 
 } // namespace

@@ -13,6 +13,7 @@ class Compositor;
 class Environment;
 class FileLocations;
 class HotKeyCenter;
+class LoginItem;
 class MainQueue;
 class NotificationCenter;
 class Session;
@@ -40,6 +41,7 @@ public:
     [[nodiscard]] virtual HotKeyCenter& hotKeyCenter() = 0;
     [[nodiscard]] virtual NotificationCenter& notificationCenter() = 0;
     [[nodiscard]] virtual StatusBar& statusBar() = 0;
+    [[nodiscard]] virtual LoginItem& loginItem() = 0;
     /// The first question makes it ask the desktop, so that a program that shows nothing asks nothing.
     [[nodiscard]] virtual Appearance& appearance() = 0;
     [[nodiscard]] virtual ClickMonitor& clickMonitor() = 0;

@@ -4,6 +4,7 @@
 #include "Core/Logger.h"
 #include "Platform/Linux/AllTrayItems.h"
 #include "Platform/Linux/ApplicationIdentifier.h"
+#include "Platform/Linux/AutostartEntry.h"
 #include "Platform/Linux/Defaults/JsonUserDefaults.h"
 #include "Platform/Linux/LinkOpener.h"
 #include "Platform/Linux/LinuxAccessibility.h"
@@ -15,6 +16,7 @@
 #include "Platform/Linux/LinuxStatusBar.h"
 #include "Platform/Linux/LinuxWorkspace.h"
 #include "Platform/Linux/PortalAppearance.h"
+#include "Platform/Linux/ProcFiles.h"
 #include "Platform/Linux/ProcessEnvironment.h"
 #include "Platform/Linux/ProgramPresence.h"
 #include "Platform/Linux/QuitRequest.h"
@@ -34,6 +36,8 @@
 #include <utility>
 
 #include <QCoreApplication>
+
+#include <unistd.h>
 
 namespace ambrel {
 
@@ -95,6 +99,7 @@ struct LinuxPlatform::Parts {
     LinuxStatusBar statusBar{{*connection, traySelection, windowServer, queue, [this] {
                                   return isPanelDark();
                               }}};
+    AutostartEntry loginItem{files, environment, executableOf(getpid()).value_or("")};
     ThreadBackgroundQueue background;
     std::unique_ptr<PortalAppearance> appearance;
     X11ClickMonitor clicks{*connection};
@@ -174,6 +179,10 @@ NotificationCenter& LinuxPlatform::notificationCenter() {
 
 StatusBar& LinuxPlatform::statusBar() {
     return parts_->statusBar;
+}
+
+LoginItem& LinuxPlatform::loginItem() {
+    return parts_->loginItem;
 }
 
 Appearance& LinuxPlatform::appearance() {

@@ -40,6 +40,7 @@ public:
     [[nodiscard]] HotKeyCenter& hotKeyCenter() override;
     [[nodiscard]] NotificationCenter& notificationCenter() override;
     [[nodiscard]] StatusBar& statusBar() override;
+    [[nodiscard]] LoginItem& loginItem() override;
     [[nodiscard]] Appearance& appearance() override;
     [[nodiscard]] ClickMonitor& clickMonitor() override;
     [[nodiscard]] Compositor& compositor() override;

@@ -11,6 +11,7 @@
 #include "Platform/Simulated/SimulatedEnvironment.h"
 #include "Platform/Simulated/SimulatedFileLocations.h"
 #include "Platform/Simulated/SimulatedHotKeyCenter.h"
+#include "Platform/Simulated/SimulatedLoginItem.h"
 #include "Platform/Simulated/SimulatedNotificationCenter.h"
 #include "Platform/Simulated/SimulatedSession.h"
 #include "Platform/Simulated/SimulatedStatusBar.h"
@@ -41,6 +42,7 @@ public:
     [[nodiscard]] SimulatedHotKeyCenter& hotKeyCenter() override { return hotKeyCenter_; }
     [[nodiscard]] SimulatedNotificationCenter& notificationCenter() override { return notificationCenter_; }
     [[nodiscard]] SimulatedStatusBar& statusBar() override { return statusBar_; }
+    [[nodiscard]] SimulatedLoginItem& loginItem() override { return loginItem_; }
     [[nodiscard]] SimulatedAppearance& appearance() override { return appearance_; }
     [[nodiscard]] SimulatedClickMonitor& clickMonitor() override { return clickMonitor_; }
     [[nodiscard]] SimulatedCompositor& compositor() override { return compositor_; }
@@ -71,6 +73,7 @@ private:
     SimulatedNotificationCenter notificationCenter_;
     SimulatedAppearance appearance_;
     SimulatedStatusBar statusBar_;
+    SimulatedLoginItem loginItem_;
     SimulatedClickMonitor clickMonitor_;
     SimulatedCompositor compositor_;
 };
