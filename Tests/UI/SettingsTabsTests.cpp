@@ -88,6 +88,29 @@ TEST_F(SettingsTabs, TakeTheHotkeyAndGiveItBack) {
     EXPECT_EQ(pressed, 1);
 }
 
+TEST_F(SettingsTabs, ShowWhatTheDesktopMadeOfTheLoginItem) {
+    auto& item = desktop.loginItem();
+    const char* const launch = "Launch at Login";
+    for (const bool advanced : {false, true}) {
+        settings().settingsAdvancedMode.set(advanced);
+        item = {};
+        windows().showSettings();
+        toggle(launch);
+        EXPECT_EQ(item.current, LoginItemStatus::enabled);
+        EXPECT_TRUE(element(launch)->state().checked);
+        window()->close();
+        item.current = LoginItemStatus::notRegistered;
+        item.afterRegistering = LoginItemStatus::requiresApproval;
+        windows().showSettings();
+        EXPECT_FALSE(element(launch)->state().checked) << "turned off while the window was closed";
+        toggle(launch);
+        EXPECT_EQ(item.current, LoginItemStatus::requiresApproval);
+        EXPECT_FALSE(element(launch)->state().checked);
+        window()->close();
+        desktop.advance(31);
+    }
+}
+
 TEST_F(SettingsTabs, MoveTheQuitDelayInTenths) {
     openGeneral();
     EXPECT_TRUE(comes("0.5s"));

@@ -7,6 +7,7 @@
 #include "UI/Models/EngineModel.h"
 #include "UI/Models/HistoryModel.h"
 #include "UI/Models/HotKeySwitch.h"
+#include "UI/Models/LoginSwitch.h"
 #include "UI/Models/RulesModel.h"
 #include "UI/Models/SettingsModel.h"
 #include "UI/Onboarding/OnboardingController.h"
@@ -44,6 +45,7 @@ private:
     EngineModel engine_;
     AppearanceGuard guard_;
     HotKeySwitch hotKey_;
+    LoginSwitch login_;
     HistoryModel history_;
     AboutModel about_;
     RulesModel rules_;

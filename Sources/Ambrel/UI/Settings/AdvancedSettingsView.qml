@@ -11,6 +11,7 @@ FocusScope {
     required property EngineModel engine
     required property AppearanceGuard appearance
     required property HotKeySwitch hotKey
+    required property LoginSwitch login
     required property HistoryModel history
     required property AboutModel about
     required property RulesModel rules
@@ -64,6 +65,7 @@ FocusScope {
                 engine: root.engine
                 appearance: root.appearance
                 hotKey: root.hotKey
+                login: root.login
             }
         }
     }

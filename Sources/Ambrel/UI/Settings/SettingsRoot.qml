@@ -10,6 +10,7 @@ FocusScope {
     required property EngineModel engine
     required property AppearanceGuard appearance
     required property HotKeySwitch hotKey
+    required property LoginSwitch login
     required property HistoryModel history
     required property AboutModel about
     required property RulesModel rules
@@ -42,6 +43,7 @@ FocusScope {
         SimpleSettingsView {
             focus: true
             settings: root.settings
+            login: root.login
             onShowAdvanced: root.setAdvanced(true)
         }
     }
@@ -54,6 +56,7 @@ FocusScope {
             engine: root.engine
             appearance: root.appearance
             hotKey: root.hotKey
+            login: root.login
             history: root.history
             about: root.about
             rules: root.rules

@@ -7,6 +7,7 @@
 #include "UI/Models/EngineModel.h"
 #include "UI/Models/HistoryModel.h"
 #include "UI/Models/HotKeySwitch.h"
+#include "UI/Models/LoginSwitch.h"
 #include "UI/Models/RulesModel.h"
 #include "UI/Models/SettingsModel.h"
 #include "UI/Settings/SettingsForm.h"
@@ -54,6 +55,7 @@ void SettingsWindowController::makeWindow() {
                                  {"engine", QVariant::fromValue(&neighbours_.engineModel)},
                                  {"appearance", QVariant::fromValue(&neighbours_.appearance)},
                                  {"hotKey", QVariant::fromValue(&neighbours_.hotKey)},
+                                 {"login", QVariant::fromValue(&neighbours_.login)},
                                  {"history", QVariant::fromValue(&neighbours_.history)},
                                  {"about", QVariant::fromValue(&neighbours_.about)},
                                  {"rules", QVariant::fromValue(&neighbours_.rules)},

@@ -19,6 +19,7 @@ class DockPresence;
 class EngineModel;
 class HistoryModel;
 class HotKeySwitch;
+class LoginSwitch;
 class RulesModel;
 class SettingsModel;
 class Stage;
@@ -36,6 +37,7 @@ public:
         EngineModel& engineModel;
         AppearanceGuard& appearance;
         HotKeySwitch& hotKey;
+        LoginSwitch& login;
         HistoryModel& history;
         AboutModel& about;
         RulesModel& rules;

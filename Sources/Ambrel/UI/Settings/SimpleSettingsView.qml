@@ -8,8 +8,13 @@ Item {
     id: root
 
     required property SettingsModel settings
+    /// Null where there is nothing that starts programs at login.
+    property LoginSwitch login: null
+    readonly property bool onScreen: Window.visibility !== Window.Hidden
 
     signal showAdvanced
+
+    onOnScreenChanged: if (onScreen && login !== null) login.refresh()
 
     ColumnLayout {
         anchors.fill: parent
@@ -50,8 +55,20 @@ Item {
         RowLayout {
             Layout.fillWidth: true
 
+            spacing: 8
+
             Item {
                 Layout.fillWidth: true
+                visible: !launch.visible
+            }
+            ABCheckBox {
+                id: launch
+
+                Layout.fillWidth: true
+                visible: root.login !== null
+                text: qsTr("Launch at Login")
+                isOn: root.login?.isEnabled ?? false
+                onEdited: value => root.login.set(value)
             }
             ABGlassButton {
                 text: qsTr("Advanced…")

@@ -11,8 +11,12 @@ Item {
     required property EngineModel engine
     required property AppearanceGuard appearance
     required property HotKeySwitch hotKey
+    /// Null where there is nothing that starts programs at login.
+    property LoginSwitch login: null
+    readonly property bool onScreen: Window.visibility !== Window.Hidden
 
     implicitHeight: column.implicitHeight + 48
+    onOnScreenChanged: if (onScreen && login !== null) login.refresh()
 
     ColumnLayout {
         id: column
@@ -99,6 +103,18 @@ Item {
                         description: qsTr("Ask before quitting everything, so it's never an accident.")
                         isOn: root.settings.confirmBeforeQuitAll
                         onEdited: value => root.settings.confirmBeforeQuitAll = value
+                    }
+                }
+                SettingGroup {
+                    title: qsTr("Startup")
+                    visible: root.login !== null
+
+                    SimpleSettingRow {
+                        Layout.fillWidth: true
+                        title: qsTr("Launch at Login")
+                        description: qsTr("Start Ambrel automatically when you log in.")
+                        isOn: root.login?.isEnabled ?? false
+                        onEdited: value => root.login.set(value)
                     }
                 }
                 SettingGroup {
