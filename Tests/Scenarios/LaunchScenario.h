@@ -27,7 +27,7 @@ protected:
             return statusItem();
         };
         made.updates = [this]() -> UpdateController& {
-            return updates.emplace();
+            return updates ? *updates : updates.emplace(desktop);
         };
         return made;
     }

@@ -18,6 +18,7 @@ class MainQueue;
 class NotificationCenter;
 class Session;
 class StatusBar;
+class Updater;
 class UserDefaults;
 class WindowServer;
 class Workspace;
@@ -42,6 +43,7 @@ public:
     [[nodiscard]] virtual NotificationCenter& notificationCenter() = 0;
     [[nodiscard]] virtual StatusBar& statusBar() = 0;
     [[nodiscard]] virtual LoginItem& loginItem() = 0;
+    [[nodiscard]] virtual Updater& updater() = 0;
     /// The first question makes it ask the desktop, so that a program that shows nothing asks nothing.
     [[nodiscard]] virtual Appearance& appearance() = 0;
     [[nodiscard]] virtual ClickMonitor& clickMonitor() = 0;

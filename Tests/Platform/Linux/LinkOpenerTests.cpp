@@ -131,6 +131,18 @@ TEST_F(LinkOpenerTests, TheSettingsAreThoseOfTheDesktopAtHand) {
     EXPECT_TRUE(awaitStart("obconf"));
 }
 
+TEST_F(LinkOpenerTests, TheSoftwareCentreOpensAtThePageOrElseAtItsFront) {
+    const auto* const page = "appstream:app.ambrel.Ambrel";
+    EXPECT_FALSE(links.openSoftwareCentre(page));
+    install("org.kde.discover");
+    EXPECT_TRUE(links.openSoftwareCentre(page));
+    EXPECT_TRUE(awaitStart("org.kde.discover"));
+    makeHandler("opens-pages", "x-scheme-handler/appstream");
+    EXPECT_TRUE(links.openSoftwareCentre(page));
+    ASSERT_TRUE(awaitStart("opens-pages"));
+    EXPECT_EQ(textOf(folder("HOME") / "opens-pages"), page + std::string("\n"));
+}
+
 TEST_F(LinkOpenerTests, AFileIsShownByTheFileManagerOrItsFolderIs) {
     makeHandler("opens-folders", "inode/directory");
     const auto file = folder("HOME") / "a log #1.txt";

@@ -69,6 +69,9 @@ void AsyncBus::call(const Call& call, Handler answer) {
         return;
     }
     sd_bus_message_set_auto_start(message, call.mayStart ? 1 : 0);
+    if (call.number) {
+        sd_bus_message_append(message, "t", *call.number);
+    }
     if (call.argument) {
         sd_bus_message_append(message, "s", call.argument->c_str());
     }

@@ -3,6 +3,7 @@
 #include "Core/Clock.h"
 #include "Core/Signal.h"
 
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <initializer_list>
@@ -33,8 +34,9 @@ public:
         std::string interface;
         std::string method;
         std::optional<std::string> argument = {};
-        std::vector<std::string> list = {}; ///< one more argument, unless it is empty: an array of texts
-        bool mayStart = false;              ///< the service, where the bus can
+        std::vector<std::string> list = {};       ///< one more argument, unless it is empty: an array of texts
+        bool mayStart = false;                    ///< the service, where the bus can
+        std::optional<std::uint64_t> number = {}; ///< goes before the other arguments
     };
 
     /// Null where there is no bus; none is started. That it answers shows only later.

@@ -91,6 +91,13 @@ void openUri(const std::string& uri) {
     });
 }
 
+bool hasHandler(const std::string& uri) {
+    const auto scheme = uri.substr(0, uri.find(':'));
+    const std::unique_ptr<GAppInfo, decltype(&g_object_unref)> handler(
+        g_app_info_get_default_for_uri_scheme(scheme.c_str()), g_object_unref);
+    return handler != nullptr;
+}
+
 std::string uriOf(const std::filesystem::path& file) {
     char* const uri = g_filename_to_uri(file.c_str(), nullptr, nullptr);
     std::string text = uri != nullptr ? uri : "";

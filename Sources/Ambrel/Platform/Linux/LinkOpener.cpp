@@ -35,6 +35,9 @@ constexpr std::array settingsOfDesktops{Settings{"XFCE", "xfce-session-settings"
                                         Settings{"X-Cinnamon", "cinnamon-settings"},
                                         Settings{"", "obconf"}};
 
+/// What shows updates, and may not know its way to a page.
+constexpr std::array softwareCentres{"org.gnome.Software", "org.kde.discover", "org.gnome.Packages"};
+
 bool names(std::string_view desktops, std::string_view name) {
     for (auto rest = desktops; !rest.empty();) {
         const auto end = std::min(rest.find(':'), rest.size());
@@ -72,6 +75,20 @@ void LinkOpener::openWindowManagerSettings() {
         }
     }
     logger.notice("no settings for the window manager of this desktop are known");
+}
+
+bool LinkOpener::openSoftwareCentre(const std::string& page) {
+    if (hasHandler(page)) {
+        openUri(page);
+        return true;
+    }
+    for (const auto* const centre : softwareCentres) {
+        if (const auto entry = entries_.entry(centre)) {
+            launchEntry(entry->path);
+            return true;
+        }
+    }
+    return false;
 }
 
 void LinkOpener::reveal(const std::filesystem::path& file) {

@@ -14,6 +14,7 @@
 #include "Platform/Linux/LinuxNotificationCenter.h"
 #include "Platform/Linux/LinuxSession.h"
 #include "Platform/Linux/LinuxStatusBar.h"
+#include "Platform/Linux/LinuxUpdater.h"
 #include "Platform/Linux/LinuxWorkspace.h"
 #include "Platform/Linux/PortalAppearance.h"
 #include "Platform/Linux/ProcFiles.h"
@@ -100,6 +101,7 @@ struct LinuxPlatform::Parts {
                                   return isPanelDark();
                               }}};
     AutostartEntry loginItem{files, environment, executableOf(getpid()).value_or("")};
+    LinuxUpdater updater{{queue, defaults, clock, links}};
     ThreadBackgroundQueue background;
     std::unique_ptr<PortalAppearance> appearance;
     X11ClickMonitor clicks{*connection};
@@ -183,6 +185,10 @@ StatusBar& LinuxPlatform::statusBar() {
 
 LoginItem& LinuxPlatform::loginItem() {
     return parts_->loginItem;
+}
+
+Updater& LinuxPlatform::updater() {
+    return parts_->updater;
 }
 
 Appearance& LinuxPlatform::appearance() {

@@ -41,6 +41,7 @@ public:
     [[nodiscard]] NotificationCenter& notificationCenter() override;
     [[nodiscard]] StatusBar& statusBar() override;
     [[nodiscard]] LoginItem& loginItem() override;
+    [[nodiscard]] Updater& updater() override;
     [[nodiscard]] Appearance& appearance() override;
     [[nodiscard]] ClickMonitor& clickMonitor() override;
     [[nodiscard]] Compositor& compositor() override;

@@ -15,6 +15,7 @@
 #include "Platform/Simulated/SimulatedNotificationCenter.h"
 #include "Platform/Simulated/SimulatedSession.h"
 #include "Platform/Simulated/SimulatedStatusBar.h"
+#include "Platform/Simulated/SimulatedUpdater.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
 #include "Platform/Simulated/SimulatedWindowServer.h"
 #include "Platform/Simulated/SimulatedWorkspace.h"
@@ -43,6 +44,7 @@ public:
     [[nodiscard]] SimulatedNotificationCenter& notificationCenter() override { return notificationCenter_; }
     [[nodiscard]] SimulatedStatusBar& statusBar() override { return statusBar_; }
     [[nodiscard]] SimulatedLoginItem& loginItem() override { return loginItem_; }
+    [[nodiscard]] SimulatedUpdater& updater() override { return updater_; }
     [[nodiscard]] SimulatedAppearance& appearance() override { return appearance_; }
     [[nodiscard]] SimulatedClickMonitor& clickMonitor() override { return clickMonitor_; }
     [[nodiscard]] SimulatedCompositor& compositor() override { return compositor_; }
@@ -74,6 +76,7 @@ private:
     SimulatedAppearance appearance_;
     SimulatedStatusBar statusBar_;
     SimulatedLoginItem loginItem_;
+    SimulatedUpdater updater_;
     SimulatedClickMonitor clickMonitor_;
     SimulatedCompositor compositor_;
 };
