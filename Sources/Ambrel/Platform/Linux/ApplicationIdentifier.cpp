@@ -28,8 +28,8 @@ ApplicationClues gatherClues(ProcessId pid, const WindowIdentityFacts& window) {
 
 const KnownApplication* knownWithoutEntry(ProcessId pid, const WindowIdentityFacts& window) {
     // The program's file first: a process's short name is cut at 15 characters.
-    auto name = readProcFile(pid, "comm").value_or("");
-    name.resize(std::min(name.find('\n'), name.size()));
+    const auto line = readProcFile(pid, "comm").value_or("");
+    const std::string name(line.begin(), std::find(line.begin(), line.end(), '\n'));
     const auto program = executableOf(pid).value_or("").filename().string();
     for (const auto& text : {program, name, window.wmClassName, window.wmClassInstance}) {
         if (const auto* row = text.empty() ? nullptr : KnownApplications::byProcessName(text)) {
