@@ -52,7 +52,7 @@ double luminance(const QColor& color) {
 }
 
 double contrast(const QColor& ink, const QColor& surface) {
-    const auto [dark, light] = std::minmax(luminance(ABColor::over(surface, ink)), luminance(surface));
+    const auto [dark, light] = std::minmax({luminance(ABColor::over(surface, ink)), luminance(surface)});
     return (light + 0.05) / (dark + 0.05);
 }
 
