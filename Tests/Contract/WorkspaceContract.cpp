@@ -130,6 +130,16 @@ TEST_F(WorkspaceContract, AHiddenApplicationIsAnnouncedAndComesBack) {
     EXPECT_TRUE(driver->waitUntil([&] { return onScreen(*sample).size() == 1; }));
 }
 
+TEST_F(WorkspaceContract, AnApplicationWithoutWindowsIsHiddenOnce) {
+    const auto sample = launch();
+    const auto app = running(*sample);
+    sample->close(1);
+    ASSERT_TRUE(awaitWindows(*sample, 0));
+    EXPECT_TRUE(app->hide());
+    driver->settle();
+    EXPECT_TRUE(app->isHidden()) << "or it would be hidden again and again";
+}
+
 TEST_F(WorkspaceContract, AnInstalledApplicationIsFoundAndOpened) {
     const auto installed = workspace.installedApplication(editor.bundleIdentifier);
     ASSERT_TRUE(installed);

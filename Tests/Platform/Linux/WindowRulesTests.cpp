@@ -198,6 +198,9 @@ TEST_F(ApplicationVisibilityTest, IconifyingIsHidingOnlyAtOurRequest) {
     visibility.beginHiding();
     visibility.endHiding();
     EXPECT_EQ(visibility.changed(iconified, false), none) << "the user, long after";
+    EXPECT_TRUE(visibility.isHidden()) << "to whoever would ask for it again";
+    visibility.windowAppeared();
+    EXPECT_FALSE(visibility.isHidden());
 }
 
 } // namespace

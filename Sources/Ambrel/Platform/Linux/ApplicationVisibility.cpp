@@ -28,6 +28,12 @@ void ApplicationVisibility::beginHiding() {
 
 void ApplicationVisibility::endHiding() {
     if (state_ == State::hiding) {
+        state_ = State::asked;
+    }
+}
+
+void ApplicationVisibility::windowAppeared() {
+    if (state_ == State::asked) {
         state_ = State::shown;
     }
 }
@@ -37,7 +43,7 @@ ApplicationVisibility::Transition ApplicationVisibility::changed(Windows windows
     const bool managed = std::any_of(windows.begin(), windows.end(), isManaged);
     inTray_ = ownsTrayItem && !managed;
     if (windows.empty() && !ownsTrayItem) {
-        state_ = State::shown;
+        state_ = state_ == State::asked ? State::asked : State::shown;
         return Transition::none;
     }
     if (state_ == State::hiding && managed && !open) {

@@ -13,12 +13,16 @@ public:
     enum class Transition { none, hidden, shown };
     using Windows = std::span<const DesktopWindow>;
 
-    [[nodiscard]] bool isHidden() const { return inTray_ || state_ == State::requested || state_ == State::withdrawn; }
+    [[nodiscard]] bool isHidden() const {
+        return inTray_ || state_ == State::requested || state_ == State::withdrawn || state_ == State::asked;
+    }
 
     /// Its windows are being iconified at our request.
     void beginHiding();
-    /// The window manager has had its time to do so.
+    /// The window manager has had its time to do so. Where nothing was to be iconified, or it didn't, the application
+    /// counts as hidden until its next window, so that nobody asks again and again.
     void endHiding();
+    void windowAppeared();
 
     /// To be called after each change. One that is in the tray is hidden at once, since its windows may be closed
     /// rather than withdrawn, and nothing else would tell the two apart.
@@ -32,6 +36,7 @@ private:
         shown,
         hiding,    ///< iconifying at our request
         requested, ///< hidden at our request
+        asked,     ///< asked to be hidden, which the desktop does not show
         withdrawn, ///< hidden by itself, for a while now
     };
     State state_ = State::shown;

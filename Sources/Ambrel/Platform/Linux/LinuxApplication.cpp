@@ -99,11 +99,15 @@ bool LinuxApplication::forceTerminate() {
 }
 
 bool LinuxApplication::hide() {
-    const auto open = managedWindows();
-    if (isTerminated() || open.empty()) {
+    if (isTerminated()) {
         return false;
     }
     visibility_.beginHiding();
+    const auto open = managedWindows();
+    if (open.empty()) {
+        visibility_.endHiding();
+        return true;
+    }
     for (const auto& window : open) {
         if (window.certain && !window.minimized) {
             services_.windows.minimize(window.id);
@@ -118,6 +122,7 @@ bool LinuxApplication::hide() {
 void LinuxApplication::windowChanged(WindowEvent event) {
     if (event == WindowEvent::appeared) {
         forgetTermination();
+        visibility_.windowAppeared();
     } else if (terminationLapse_ && managedWindows().empty()) {
         cancel(followUp_);
         followUp_ = services_.queue.asyncAfter(ownEndTime, lifetime_.guard([this] { followUp(); }));
