@@ -64,7 +64,7 @@ void AppDelegate::applicationDidFinishLaunching() {
 }
 
 bool AppDelegate::anotherInstanceIsRunning() const {
-    const auto own = platform_.bundle().bundleIdentifier().value_or("app.ambrel.Ambrel");
+    const auto own = platform_.bundle().bundleIdentifier().value_or(productIdentifier);
     auto& workspace = platform_.workspace();
     std::vector<ProcessId> others;
     for (const auto& app : workspace.runningApplicationsWithBundleIdentifier(own)) {

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace ambrel {
 
@@ -102,9 +103,9 @@ void QuitEngine::reconcile(const std::string& trigger) {
         return;
     }
     const int removed = removeUnwantedMonitors();
-    const auto before = monitors_.size();
+    const auto before = std::ssize(monitors_);
     addMissingMonitors();
-    const auto added = monitors_.size() - before;
+    const auto added = std::ssize(monitors_) - before;
     if (added > 0 || removed > 0) {
         log_.notice("reconcile ({}): +{} -{} monitors; total {}", trigger, added, removed, monitors_.size());
     }

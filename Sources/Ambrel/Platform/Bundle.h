@@ -6,6 +6,9 @@
 
 namespace ambrel {
 
+/// Who the program is, also where it runs from no bundle.
+constexpr const char* productIdentifier = "app.ambrel.Ambrel";
+
 /// What this program was started from.
 class Bundle {
 public:

@@ -1,5 +1,6 @@
 #include "Platform/Linux/LinuxWorkspace.h"
 
+#include "Platform/Bundle.h"
 #include "Platform/Linux/ApplicationIdentifier.h"
 #include "Platform/Linux/LinkOpener.h"
 #include "Platform/Linux/Process.h"
@@ -47,7 +48,7 @@ std::vector<RunningApplicationRef>
 LinuxWorkspace::runningApplicationsWithBundleIdentifier(const std::string& bundleIdentifier) const {
     auto found = runningApplications();
     std::erase_if(found, [&](const auto& application) { return application->bundleIdentifier() != bundleIdentifier; });
-    if (bundleIdentifier != ownIdentifier_) {
+    if (bundleIdentifier != ownIdentifier_.value_or(productIdentifier)) {
         return found;
     }
     for (const auto pid : presence_.otherInstances()) {

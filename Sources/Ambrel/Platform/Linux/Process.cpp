@@ -3,37 +3,36 @@
 #include "Platform/Linux/ProcFiles.h"
 
 #include <cerrno>
-#include <fstream>
+#include <chrono>
 #include <utility>
 
 #include <QSocketNotifier>
 
 #include <poll.h>
 #include <sys/syscall.h>
+#include <time.h>
 #include <unistd.h>
 
 namespace ambrel {
 
 namespace {
 
-Seconds readBootTime() {
-    std::ifstream stat("/proc/stat");
-    for (std::string word; stat >> word;) {
-        if (double seconds = 0; word == "btime" && stat >> seconds) {
-            return Seconds(seconds);
-        }
-    }
-    return Seconds(0);
+/// How long ago the machine was started.
+Seconds upTime() {
+    timespec now{};
+    clock_gettime(CLOCK_BOOTTIME, &now);
+    return Seconds(static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9);
 }
 
 std::optional<Date> readStartDate(ProcessId pid) {
-    static const Seconds bootTime = readBootTime();
     const auto stat = readProcFile(pid, "stat");
     const auto ticks = stat ? parseStartTicks(*stat) : std::nullopt;
     if (!ticks) {
         return std::nullopt;
     }
-    return Date(bootTime + Seconds(static_cast<double>(*ticks) / static_cast<double>(sysconf(_SC_CLK_TCK))));
+    // By its age, and not from the kernel's time of the start, which is of whole seconds and moves with the clock.
+    const Seconds started(static_cast<double>(*ticks) / static_cast<double>(sysconf(_SC_CLK_TCK)));
+    return std::chrono::time_point_cast<Date::duration>(std::chrono::system_clock::now()) - (upTime() - started);
 }
 
 bool isOurs(ProcessId pid) {
