@@ -9,6 +9,7 @@
 #include "Platform/Linux/LinuxPlatform.h"
 #include "Platform/Linux/ProcessEnvironment.h"
 #include "Platform/Linux/X11Connection.h"
+#include "TaskBarEntry.h"
 #include "ToolkitApplication.h"
 #include "UI/Windows.h"
 
@@ -34,6 +35,7 @@ void endedByToolkit() {
 int run(LinuxPlatform& platform) {
     Platform::install(platform);
     platform.applicationHost().setWindowQuestion([] { return Windows::shared().hasVisibleTitledWindow(); });
+    const TaskBarEntry entry(platform.applicationHost());
     AppDelegate delegate(platform, AppDelegate::Neighbours::shared());
     platform.mainQueue().async([&delegate] { delegate.applicationDidFinishLaunching(); });
     std::atexit(endedByToolkit);

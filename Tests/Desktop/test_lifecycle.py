@@ -41,6 +41,18 @@ class Lifecycle(DesktopTest):
         self.assertTrue(announced)
         self.assertEqual(announced, {decision.pid for decision in ambrel.decisions()})
 
+    def test_place_in_the_task_bar(self):
+        ambrel = self.start_ambrel(defaults={"showDockIcon": True})
+        for _ in range(2):
+            entry = windows.wait_for_window(pid=ambrel.pid)
+            wait_until(lambda: windows.is_hidden(entry), "it is no more than a place in the task bar")
+            windows.raise_window(entry)
+            wait_until(lambda: entry not in windows.windows(ambrel.pid), "a real window takes its place")
+            settings = windows.wait_for_window(pid=ambrel.pid)
+            self.assertFalse(windows.is_hidden(settings))
+            windows.close(settings)
+            wait_until(lambda: settings not in windows.windows(ambrel.pid), "the settings are closed")
+
     def test_window_manager_restarts(self):
         self.expected_complaints = [UNREADABLE]
         ambrel, subject = self.start_with_subject()

@@ -40,6 +40,11 @@ def close(window):
     _run("wmctrl", "-i", "-c", window.id)
 
 
+def raise_window(window):
+    """Asks the window manager to bring the window up, as a click in a task bar would."""
+    _run("wmctrl", "-i", "-a", window.id)
+
+
 def activate(identifier):
     """Brings a window to the front; a window manager that is busy with another one may pass over the request."""
 

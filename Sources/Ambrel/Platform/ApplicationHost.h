@@ -11,7 +11,8 @@ public:
     virtual ~ApplicationHost() = default;
 
     [[nodiscard]] virtual ActivationPolicy activationPolicy() const = 0;
-    /// Regular: our windows have a place in the task bar. Accessory: they have none.
+    /// Regular: the program has a place in the task bar, also without a window. Accessory: it has none without one.
+    /// Set anew with each window that comes or goes.
     virtual void setActivationPolicy(ActivationPolicy policy) = 0;
     [[nodiscard]] virtual bool hasVisibleTitledWindow() const = 0;
 

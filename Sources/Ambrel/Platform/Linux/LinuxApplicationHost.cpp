@@ -19,9 +19,8 @@ LinuxApplicationHost::~LinuxApplicationHost() {
 }
 
 void LinuxApplicationHost::setActivationPolicy(ActivationPolicy policy) {
-    if (std::exchange(policy_, policy) != policy) {
-        policyDidChange.emit(policy);
-    }
+    policy_ = policy;
+    policyDidSet.emit();
 }
 
 bool LinuxApplicationHost::hasVisibleTitledWindow() const {

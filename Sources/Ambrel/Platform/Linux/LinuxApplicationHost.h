@@ -26,8 +26,11 @@ public:
     /// Windows belong to the user interface: it answers whether one with a title is visible.
     void setWindowQuestion(std::function<bool()> question) { windowQuestion_ = std::move(question); }
 
-    /// The windows' place in the task bar is to come or go.
-    Signal<ActivationPolicy> policyDidChange;
+    /// The program is opened again, in a way that only its task bar entry hears of.
+    void reopen() { didReopen.emit(); }
+
+    /// The policy has been set, perhaps to what it was: with each window that comes or goes.
+    Signal<> policyDidSet;
 
 private:
     ActivationPolicy policy_ = ActivationPolicy::accessory;
