@@ -158,5 +158,22 @@ TEST_F(SettingsTabs, SayWhatTheProgramIsAndEndIt) {
     EXPECT_TRUE(desktop.application().terminated);
 }
 
+TEST_F(SettingsTabs, LookForNewerVersions) {
+    openGeneral();
+    click("About");
+    ASSERT_TRUE(comes("Automatic updates"));
+    EXPECT_TRUE(element("Automatic updates")->state().checked);
+    toggle("Automatic updates");
+    EXPECT_FALSE(desktop.updater().checks);
+    click("Check for Updates…");
+    EXPECT_EQ(desktop.updater().userChecks, 1) << "whether or not it is asked for daily";
+    desktop.updater().updateOffered.emit("4.3");
+    EXPECT_TRUE(comes("Version 4.3 is available."));
+    desktop.updater().setAvailable(false);
+    EXPECT_TRUE(comes("This system has no package service that can be asked for new versions."));
+    click("Check for Updates…");
+    EXPECT_EQ(desktop.updater().userChecks, 1);
+}
+
 } // namespace
 } // namespace ambrel

@@ -32,7 +32,9 @@ QuickWindows& ViewTest::windows() {
     if (!windows_) {
         windows_ = std::make_unique<QuickWindows>(WindowsNeighbours{desktop, house().settings, house().engine, hotKeys,
                                                                     house().audit, *house().clock, house().rules,
-                                                                    house().guard});
+                                                                    house().guard, [this]() -> UpdateController& {
+                                                                        return updates;
+                                                                    }});
     }
     return *windows_;
 }

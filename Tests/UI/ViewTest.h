@@ -3,6 +3,7 @@
 #include "Engine/HotKeyManager.h"
 #include "Scenarios/EngineScenario.h"
 #include "UI/QuickWindows.h"
+#include "Updates/UpdateController.h"
 
 #include <memory>
 
@@ -29,6 +30,7 @@ protected:
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
     HotKeyManager hotKeys{desktop.hotKeyCenter()};
+    UpdateController updates{desktop};
     StatusItemPlace place{.button = {700, 0, 22, 24}, .visibleFrame = {0, 24, 800, 576}};
 
 private:

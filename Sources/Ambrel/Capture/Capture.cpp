@@ -53,7 +53,9 @@ bool Capture::runIfRequested(const Environment& environment) {
 
 Capture::Capture(std::filesystem::path folder, const Environment& environment)
     : folder_(std::move(folder)), fixtures_(std::make_unique<Fixtures>(environment)),
-      queue_(jobs(registry(*fixtures_), environment.value("AMBREL_CAPTURE_ONLY").value_or(""))) {}
+      queue_(jobs(registry(*fixtures_), environment.value("AMBREL_CAPTURE_ONLY").value_or(""))) {
+    fixtures_->offerIcons(engine_);
+}
 
 Capture::~Capture() = default;
 

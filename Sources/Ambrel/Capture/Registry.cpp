@@ -1,6 +1,10 @@
 #include "Capture/Registry.h"
 
 #include "Capture/Fixtures.h"
+#include "Capture/SampleRules.h"
+#include "UI/Gate/AccessibilityGateController.h"
+#include "UI/Onboarding/OnboardingController.h"
+#include "UI/RunningApps/RunningAppsController.h"
 #include "UI/Settings/SettingsForm.h"
 #include "UI/Stage/GlassWindow.h"
 
@@ -27,12 +31,29 @@ Picture general(Fixtures& fixtures, const char* key) {
             {{"settings", fixtures.settings()},
              {"engine", fixtures.engine()},
              {"appearance", fixtures.appearance()},
-             {"hotKey", fixtures.hotKey()}},
+             {"hotKey", fixtures.hotKey()},
+             {"login", fixtures.login()}},
             {pageWidth, 0}};
 }
 
 Picture history(Fixtures& fixtures, const char* key) {
     return {key, view("HistoryTab"), {{"history", fixtures.history()}}, {pageWidth, 0}};
+}
+
+Picture rules(Fixtures& fixtures, const char* key, const QVariant& rules, const char* selected) {
+    return {key,
+            view("AppRulesTab"),
+            {{"rules", rules}, {"chooser", fixtures.chooser()}, {"selected", QString::fromLatin1(selected)}},
+            {pageWidth, advancedForm.height()}};
+}
+
+Picture gate(Fixtures& fixtures) {
+    return {
+        "gate", view("AccessibilityGateView"), {{"permission", fixtures.gate()}}, AccessibilityGateController::size};
+}
+
+Picture onboarding(const char* key, const QVariant& steps) {
+    return {key, view("OnboardingRoot"), {{"steps", steps}}, OnboardingController::size};
 }
 
 QVariantMap question(Fixtures& fixtures, bool force) {
@@ -45,17 +66,32 @@ std::vector<Picture> registry(Fixtures& fixtures) {
     const auto settings = fixtures.settings();
     const auto engine = fixtures.engine();
     return {
-        {"settings-simple", view("SimpleSettingsView"), {{"settings", settings}}, simpleForm},
+        {"settings-simple",
+         view("SimpleSettingsView"),
+         {{"settings", settings}, {"login", fixtures.login()}},
+         simpleForm},
         {"settings-advanced",
          view("AdvancedSettingsPreview"),
          {{"settings", settings},
           {"engine", engine},
           {"appearance", fixtures.appearance()},
-          {"hotKey", fixtures.hotKey()}},
+          {"hotKey", fixtures.hotKey()},
+          {"login", fixtures.login()}},
          advancedForm},
         general(fixtures, "general"),
-        {"about", view("AboutTab"), {{"about", fixtures.about()}}, {pageWidth, advancedForm.height()}},
+        rules(fixtures, "rules-empty", fixtures.noRules(), AppRulesModel::defaultRow),
+        rules(fixtures, "rules-userrules-default", fixtures.userRules(), AppRulesModel::defaultRow),
+        rules(fixtures, "rules-userrules-discord", fixtures.userRules(), sampleThatHides),
+        {"about",
+         view("AboutTab"),
+         {{"about", fixtures.about()}, {"updates", fixtures.updates()}},
+         {pageWidth, advancedForm.height()}},
         history(fixtures, "history"),
+        gate(fixtures),
+        onboarding("onboard-welcome", fixtures.welcome()),
+        onboarding("onboard-demo", fixtures.demo()),
+        onboarding("onboard-demo-completed", fixtures.completedDemo()),
+        {"running-apps", view("RunningAppsView"), {{"apps", fixtures.runningApps()}}, RunningAppsController::size},
         {"dropdown",
          view("DropdownContent"),
          {{"settings", settings}, {"engine", engine}, {"actions", fixtures.dropdown()}},
@@ -68,7 +104,11 @@ std::vector<Picture> registry(Fixtures& fixtures) {
 std::vector<Picture> shots(Fixtures& fixtures) {
     return {
         {"design-sample", designSample(), {}, {}},
+        gate(fixtures),
+        onboarding("onboard-welcome", fixtures.welcome()),
+        onboarding("onboard-demo", fixtures.demo()),
         general(fixtures, "settings-general"),
+        rules(fixtures, "settings-rules", fixtures.userRules(), sampleThatHides),
         history(fixtures, "settings-history"),
     };
 }

@@ -23,6 +23,7 @@ bool Snapshots::runIfRequested(const Environment& environment) {
     ABRenderConfig::forceMaterialFallback = true;
     Fixtures fixtures(environment);
     QQmlEngine engine;
+    fixtures.offerIcons(engine);
     for (const auto& shot : shots(fixtures)) {
         Frame(engine, shot).write(std::filesystem::path(*folder) / (shot.key + ".png"));
     }

@@ -10,6 +10,7 @@
 #include "UI/Models/LoginSwitch.h"
 #include "UI/Models/RulesModel.h"
 #include "UI/Models/SettingsModel.h"
+#include "UI/Models/UpdatesModel.h"
 #include "UI/Onboarding/OnboardingController.h"
 #include "UI/RunningApps/RunningAppsController.h"
 #include "UI/Settings/SettingsWindowController.h"
@@ -48,6 +49,7 @@ private:
     LoginSwitch login_;
     HistoryModel history_;
     AboutModel about_;
+    UpdatesModel updates_;
     RulesModel rules_;
     ApplicationChooser chooser_;
     Stage stage_;

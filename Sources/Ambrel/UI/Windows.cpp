@@ -10,6 +10,7 @@
 #include "State/AppRulesStore.h"
 #include "State/AppSettings.h"
 #include "UI/WindowsModule.h"
+#include "Updates/UpdateController.h"
 
 namespace ambrel {
 
@@ -17,7 +18,7 @@ Windows& Windows::shared() {
     static auto& windows = *new WindowsModule(Platform::shared().bundle().bundleURL() / "libAmbrelWindows.so", [] {
         return WindowsNeighbours{Platform::shared(),      AppSettings::shared(),      QuitEngine::shared(),
                                  HotKeyManager::shared(), TerminationAudit::shared(), AppClock::shared(),
-                                 AppRulesStore::shared(), DevGuard::shared()};
+                                 AppRulesStore::shared(), DevGuard::shared(),         UpdateController::shared};
     });
     return windows;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 namespace ambrel {
@@ -12,6 +13,7 @@ class HotKeyManager;
 class Platform;
 class QuitEngine;
 class TerminationAudit;
+class UpdateController;
 class Windows;
 
 /// What the windows show and command.
@@ -24,6 +26,8 @@ struct WindowsNeighbours {
     const Clock& clock;
     AppRulesStore& rules;
     DevGuard& guard;
+    /// Asked only for a view of it: to make it starts it.
+    std::function<UpdateController&()> updates;
 };
 
 /// The one function that the library of windows offers, by the name `ambrelMakeWindows`.

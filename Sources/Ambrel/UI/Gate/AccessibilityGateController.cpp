@@ -9,12 +9,6 @@
 
 namespace ambrel {
 
-namespace {
-
-constexpr QSize size{400, 240};
-
-} // namespace
-
 AccessibilityGateController::AccessibilityGateController(Neighbours neighbours)
     : neighbours_(neighbours), lettingGo_(neighbours.stage.willLetGo.subscribe([this] { letGo(); })) {}
 

@@ -5,6 +5,8 @@
 
 #include <memory>
 
+#include <QSize>
+
 class QQuickView;
 
 namespace ambrel {
@@ -24,6 +26,9 @@ public:
         DockPresence& dock;
         Accessibility& accessibility;
     };
+
+    /// Of the window's content.
+    static constexpr QSize size{400, 240};
 
     explicit AccessibilityGateController(Neighbours neighbours);
     AccessibilityGateController(const AccessibilityGateController&) = delete;

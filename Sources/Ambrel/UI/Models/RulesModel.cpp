@@ -26,8 +26,9 @@ RulesModel::RulesModel(Platform& platform, AppRulesStore& store, QObject* parent
 
 RulesModel::~RulesModel() = default;
 
-void RulesModel::open() {
+void RulesModel::open(const QString& row) {
     model_ = std::make_unique<AppRulesModel>(platform_, store_);
+    model_->selection.set(row.toStdString());
     changes_ = model_->didChange.subscribe([this] { refresh(); });
     selectionChanged();
     refresh();

@@ -31,8 +31,8 @@ public:
     RulesModel(Platform& platform, AppRulesStore& store, QObject* parent = nullptr);
     ~RulesModel() override;
 
-    /// A new visit: the default row is selected, and nothing searched for.
-    Q_INVOKABLE void open();
+    /// A new visit: this row is selected, and nothing searched for.
+    Q_INVOKABLE void open(const QString& row);
     /// Selects the row `step` rows further down, as far as there is one.
     Q_INVOKABLE void selectNeighbour(int step);
     /// Selects the application's rule, after making an ordinary one where there is none.

@@ -14,7 +14,6 @@ namespace ambrel {
 
 namespace {
 
-constexpr QSize size{540, 400};
 constexpr double scaleFrom = 0.92;
 constexpr double fadeInSeconds = 0.3;
 constexpr double fadeOutSeconds = 0.2;

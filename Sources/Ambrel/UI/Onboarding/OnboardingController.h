@@ -7,6 +7,8 @@
 #include <functional>
 #include <memory>
 
+#include <QSize>
+
 class QQuickView;
 
 namespace ambrel {
@@ -29,6 +31,9 @@ public:
         Platform& platform;
         QuitEngine& engine;
     };
+
+    /// Of the window's content.
+    static constexpr QSize size{540, 400};
 
     explicit OnboardingController(Neighbours neighbours);
     OnboardingController(const OnboardingController&) = delete;

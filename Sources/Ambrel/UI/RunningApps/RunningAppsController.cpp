@@ -7,12 +7,6 @@
 
 namespace ambrel {
 
-namespace {
-
-constexpr QSize size{440, 500};
-
-} // namespace
-
 RunningAppsController::RunningAppsController(Neighbours neighbours)
     : neighbours_(neighbours), lettingGo_(neighbours.stage.willLetGo.subscribe([this] { window_.reset(); })) {}
 

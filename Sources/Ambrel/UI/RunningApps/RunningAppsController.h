@@ -5,6 +5,8 @@
 
 #include <memory>
 
+#include <QSize>
+
 class QQuickView;
 
 namespace ambrel {
@@ -25,6 +27,9 @@ public:
         Platform& platform;
         RunningAppsModel::Neighbours model;
     };
+
+    /// Of the window's content.
+    static constexpr QSize size{440, 500};
 
     explicit RunningAppsController(Neighbours neighbours);
     RunningAppsController(const RunningAppsController&) = delete;

@@ -10,6 +10,7 @@ Item {
     required property EngineModel engine
     required property AppearanceGuard appearance
     required property HotKeySwitch hotKey
+    required property LoginSwitch login
 
     SettingsSidebar {
         id: sidebar
@@ -37,6 +38,7 @@ Item {
             engine: root.engine
             appearance: root.appearance
             hotKey: root.hotKey
+            login: root.login
         }
     }
 }

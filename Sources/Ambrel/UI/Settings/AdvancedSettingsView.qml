@@ -14,6 +14,7 @@ FocusScope {
     required property LoginSwitch login
     required property HistoryModel history
     required property AboutModel about
+    required property UpdatesModel updates
     required property RulesModel rules
     required property ApplicationChooser chooser
     property int selection: AdvancedSettingsView.General
@@ -97,6 +98,7 @@ FocusScope {
                 width: parent.width
                 height: Math.max(implicitHeight, aboutScroll.height)
                 about: root.about
+                updates: root.updates
             }
         }
     }

@@ -13,13 +13,15 @@ FocusScope {
     required property LoginSwitch login
     required property HistoryModel history
     required property AboutModel about
+    required property UpdatesModel updates
     required property RulesModel rules
     required property ApplicationChooser chooser
-    property bool isAdvanced: false
+    /// At first the form that was chosen last; the choice is then this view's.
+    property bool isAdvanced: settings.settingsAdvancedMode
 
     focus: true
-
-    Component.onCompleted: isAdvanced = settings.settingsAdvancedMode
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
 
     function setAdvanced(value: bool): void {
         isAdvanced = value;
@@ -59,6 +61,7 @@ FocusScope {
             login: root.login
             history: root.history
             about: root.about
+            updates: root.updates
             rules: root.rules
             chooser: root.chooser
             onHideAdvanced: root.setAdvanced(false)

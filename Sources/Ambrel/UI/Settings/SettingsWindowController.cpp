@@ -10,6 +10,7 @@
 #include "UI/Models/LoginSwitch.h"
 #include "UI/Models/RulesModel.h"
 #include "UI/Models/SettingsModel.h"
+#include "UI/Models/UpdatesModel.h"
 #include "UI/Settings/SettingsForm.h"
 #include "UI/Stage/DockPresence.h"
 #include "UI/Stage/GlassWindow.h"
@@ -58,6 +59,7 @@ void SettingsWindowController::makeWindow() {
                                  {"login", QVariant::fromValue(&neighbours_.login)},
                                  {"history", QVariant::fromValue(&neighbours_.history)},
                                  {"about", QVariant::fromValue(&neighbours_.about)},
+                                 {"updates", QVariant::fromValue(&neighbours_.updates)},
                                  {"rules", QVariant::fromValue(&neighbours_.rules)},
                                  {"chooser", QVariant::fromValue(&neighbours_.chooser)}},
                                 form.size, style());

@@ -23,6 +23,7 @@ class LoginSwitch;
 class RulesModel;
 class SettingsModel;
 class Stage;
+class UpdatesModel;
 
 /// The settings window: built when it is first shown, hidden when it is closed, and built anew after the stage has
 /// let go of its views.
@@ -40,6 +41,7 @@ public:
         LoginSwitch& login;
         HistoryModel& history;
         AboutModel& about;
+        UpdatesModel& updates;
         RulesModel& rules;
         ApplicationChooser& chooser;
     };

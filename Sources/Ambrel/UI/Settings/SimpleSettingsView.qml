@@ -8,13 +8,12 @@ Item {
     id: root
 
     required property SettingsModel settings
-    /// Null where there is nothing that starts programs at login.
-    property LoginSwitch login: null
+    required property LoginSwitch login
     readonly property bool onScreen: Window.visibility !== Window.Hidden
 
     signal showAdvanced
 
-    onOnScreenChanged: if (onScreen && login !== null) login.refresh()
+    onOnScreenChanged: if (onScreen) login.refresh()
 
     ColumnLayout {
         anchors.fill: parent
@@ -65,9 +64,8 @@ Item {
                 id: launch
 
                 Layout.fillWidth: true
-                visible: root.login !== null
                 text: qsTr("Launch at Login")
-                isOn: root.login?.isEnabled ?? false
+                isOn: root.login.isEnabled
                 onEdited: value => root.login.set(value)
             }
             ABGlassButton {

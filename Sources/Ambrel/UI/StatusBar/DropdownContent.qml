@@ -14,6 +14,8 @@ FocusScope {
     implicitWidth: 300
     implicitHeight: glass.implicitHeight
     focus: true
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
     Accessible.role: Accessible.PopupMenu
     Accessible.name: qsTr("Ambrel")
 

@@ -14,6 +14,8 @@ FocusScope {
     implicitWidth: 300
     implicitHeight: column.implicitHeight + 36
     focus: true
+    LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
+    LayoutMirroring.childrenInherit: true
     Accessible.role: Accessible.Dialog
     Accessible.name: title.text
 

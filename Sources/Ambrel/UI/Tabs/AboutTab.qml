@@ -3,11 +3,12 @@ import QtQuick.Layouts
 import Ambrel.DesignSystem
 import Ambrel.UI
 
-/// What the program is, and its end.
+/// What the program is, how it stays up to date, and its end.
 Item {
     id: root
 
     required property AboutModel about
+    required property UpdatesModel updates
 
     implicitHeight: column.implicitHeight + 48
 
@@ -67,6 +68,15 @@ Item {
                     cursorShape: Qt.PointingHandCursor
                 }
             }
+        }
+        Gap {
+            points: 20
+        }
+        UpdatesCard {
+            Layout.fillWidth: true
+            Layout.maximumWidth: 360
+            Layout.alignment: Qt.AlignHCenter
+            updates: root.updates
         }
         Item {
             Layout.fillHeight: true

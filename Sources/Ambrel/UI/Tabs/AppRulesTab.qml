@@ -8,8 +8,10 @@ Item {
 
     required property RulesModel rules
     required property ApplicationChooser chooser
+    /// The row that is selected at first.
+    property string selected: rules.defaultRow
 
-    Component.onCompleted: rules.open()
+    Component.onCompleted: rules.open(selected)
 
     RulesList {
         id: list

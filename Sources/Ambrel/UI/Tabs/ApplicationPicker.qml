@@ -96,6 +96,8 @@ T.Popup {
                 spacing: 2
                 boundsBehavior: Flickable.StopAtBounds
                 highlightMoveDuration: 0
+                // A row that is being made ahead when a search takes it away is a warning of the toolkit's.
+                cacheBuffer: 0
                 model: root.chooser
                 Accessible.role: Accessible.List
                 Accessible.name: qsTr("Applications")

@@ -11,12 +11,11 @@ Item {
     required property EngineModel engine
     required property AppearanceGuard appearance
     required property HotKeySwitch hotKey
-    /// Null where there is nothing that starts programs at login.
-    property LoginSwitch login: null
+    required property LoginSwitch login
     readonly property bool onScreen: Window.visibility !== Window.Hidden
 
     implicitHeight: column.implicitHeight + 48
-    onOnScreenChanged: if (onScreen && login !== null) login.refresh()
+    onOnScreenChanged: if (onScreen) login.refresh()
 
     ColumnLayout {
         id: column
@@ -107,13 +106,12 @@ Item {
                 }
                 SettingGroup {
                     title: qsTr("Startup")
-                    visible: root.login !== null
 
                     SimpleSettingRow {
                         Layout.fillWidth: true
                         title: qsTr("Launch at Login")
                         description: qsTr("Start Ambrel automatically when you log in.")
-                        isOn: root.login?.isEnabled ?? false
+                        isOn: root.login.isEnabled
                         onEdited: value => root.login.set(value)
                     }
                 }

@@ -57,6 +57,8 @@ FocusScope {
             keyNavigationEnabled: false
             currentIndex: root.rules.selectedIndex
             highlightFollowsCurrentItem: false
+            // A row that is being made ahead when a search takes it away is a warning of the toolkit's.
+            cacheBuffer: 0
             model: root.rules
             Accessible.role: Accessible.List
             Accessible.name: qsTr("App Rules")

@@ -1,0 +1,16 @@
+#include "Capture/FirstRun.h"
+
+#include "Platform/Accessibility.h"
+#include "Platform/Platform.h"
+
+namespace ambrel {
+
+FirstRun::FirstRun(Platform& platform, QuitEngine& engine)
+    : gate_(platform.accessibility(), [] {}), welcome_(platform, engine), demo_(platform, engine),
+      completedDemo_(platform, engine) {
+    demo_.model.state.set(OnboardingState::demo);
+    completedDemo_.model.state.set(OnboardingState::demo);
+    completedDemo_.model.demo.set(DemoCardState::completed);
+}
+
+} // namespace ambrel
