@@ -20,6 +20,8 @@ function(ambrel_use_precompiled target set)
   endif()
 endfunction()
 
-set(AMBREL_STANDARD_HEADERS <algorithm> <chrono> <filesystem> <functional> <map> <memory> <optional> <set> <string>
-  <unordered_map> <variant> <vector> <fmt/format.h>)
+set(AMBREL_LANGUAGE_HEADERS <algorithm> <chrono> <filesystem> <functional> <map> <memory> <optional> <set> <string>
+  <unordered_map> <variant> <vector>)
+set(AMBREL_STANDARD_HEADERS ${AMBREL_LANGUAGE_HEADERS} <fmt/format.h>)
 set(AMBREL_QT_HEADERS <QCoreApplication> <QDBusConnection> <QDBusMessage>)
+set(AMBREL_QUICK_HEADERS <QAbstractListModel> <QGuiApplication> <QQmlComponent> <QQmlEngine> <QQuickItem> <QQuickView>)
