@@ -16,13 +16,17 @@ Decision = collections.namedtuple("Decision", "path action bundle name pid detai
 
 
 class Ambrel(Program):
-    """The files of one instance lie in the given folder; the variables it reads for development are unset."""
+    """The files of one instance lie in the given folder; the variables it reads for development are unset.
 
-    def __init__(self, folder, defaults=None, rules=None, environment=None):
+    `as_left`: its settings are those that an instance before it has left there, at first none.
+    """
+
+    def __init__(self, folder, defaults=None, rules=None, environment=None, as_left=False):
         folder = pathlib.Path(folder)
         config = folder / "config" / "Ambrel"
         config.mkdir(parents=True, exist_ok=True)
-        (config / "app.ambrel.Ambrel.json").write_text(json.dumps({**DEFAULTS, **(defaults or {})}))
+        if not as_left:
+            (config / "app.ambrel.Ambrel.json").write_text(json.dumps({**DEFAULTS, **(defaults or {})}))
         if rules is not None:
             (config / "rules.json").write_text(json.dumps(rules))
         self.decisions_file = folder / "state" / "Ambrel" / "terminations.log"
