@@ -12,7 +12,7 @@ namespace ambrel {
 
 namespace {
 
-constexpr Logger logger("queue");
+constexpr Logger logger("notify");
 /// Works ask and wait. The usual eight megabytes would stay reserved after each of them.
 constexpr std::size_t stackBytes = std::size_t{128} * 1024;
 
