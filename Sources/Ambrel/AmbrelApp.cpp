@@ -65,6 +65,7 @@ int main(int argc, char* argv[]) {
         return EXIT_FAILURE;
     }
     const auto application = ambrel::makeApplication(argc, argv);
+    ambrel::translateApplication(ambrel::LinuxBundle::ofThisProcess().bundleURL());
     ambrel::LinuxPlatform platform(std::move(std::get<std::unique_ptr<ambrel::X11Connection>>(opened)));
     return ambrel::run(platform);
 }

@@ -1,9 +1,13 @@
 #include "ToolkitApplication.h"
 
+#include "Core/Localized.h"
+
 #include <optional>
 
 #include <QByteArray>
 #include <QGuiApplication>
+#include <QLocale>
+#include <QTranslator>
 
 namespace ambrel {
 
@@ -46,6 +50,15 @@ std::unique_ptr<QGuiApplication> makeApplication(int& argc, char** argv) {
     auto application = std::make_unique<QGuiApplication>(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);
     return application;
+}
+
+void translateApplication(const std::filesystem::path& bundle) {
+    auto* const words = new QTranslator(qApp);
+    const auto folder = QString::fromStdString(bundle / "translations");
+    if (words->load(QLocale(), QStringLiteral("ambrel"), QStringLiteral("_"), folder)) {
+        QCoreApplication::installTranslator(words);
+        setTranslation([](const char* text) { return QCoreApplication::translate("ambrel", text).toStdString(); });
+    }
 }
 
 } // namespace ambrel

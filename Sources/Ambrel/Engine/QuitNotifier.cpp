@@ -1,5 +1,6 @@
 #include "Engine/QuitNotifier.h"
 
+#include "Core/Localized.h"
 #include "Core/MainQueue.h"
 #include "Core/Uuid.h"
 #include "Platform/BackgroundQueue.h"
@@ -21,13 +22,13 @@ constexpr Seconds pollInterval{0.25};
 const char* body(TerminationAudit::Path path) {
     switch (path) {
     case TerminationAudit::Path::lastWindow:
-        return "Its last window closed. Click Reopen if that wasn't what you wanted.";
+        return translatable("ambrel", "Its last window closed. Click Reopen if that wasn't what you wanted.");
     case TerminationAudit::Path::hidden:
-        return "You set it to quit when hidden. Click Reopen to bring it back.";
+        return translatable("ambrel", "You set it to quit when hidden. Click Reopen to bring it back.");
     case TerminationAudit::Path::idle:
-        return "It sat idle past your limit. Click Reopen to bring it back.";
+        return translatable("ambrel", "It sat idle past your limit. Click Reopen to bring it back.");
     default:
-        return "Quit by Ambrel.";
+        return translatable("ambrel", "Quit by Ambrel.");
     }
 }
 
@@ -49,7 +50,7 @@ void QuitNotifier::configure() {
     configured_ = true;
     auto& center = platform_.notificationCenter();
     center.setDelegate(lifetime_.guard([this](const NotificationResponse& response) { didReceive(response); }));
-    center.setCategories({{category, {{reopenAction, "Reopen"}}}});
+    center.setCategories({{category, {{reopenAction, localized(translatable("ambrel", "Reopen"))}}}});
     center.requestAuthorization([log = log_](bool granted, const NotificationFailure& failure) {
         if (failure) {
             log.error("notification authorization failed: {}", *failure);
@@ -84,11 +85,12 @@ void QuitNotifier::notifyQuit(const std::string& appName, const std::optional<st
 
 void QuitNotifier::post(const Quit& quit) {
     log_.notice("posting quit notification for {} ({})", quit.appName, rawValue(quit.path));
-    NotificationRequest request{.identifier = Uuid::random().text(),
-                                .title = "Ambrel Quit " + quit.appName,
-                                .body = body(quit.path),
-                                .categoryIdentifier = category,
-                                .userInfo = {}};
+    NotificationRequest request{
+        .identifier = Uuid::random().text(),
+        .title = fmt::format(fmt::runtime(localized(translatable("ambrel", "Ambrel Quit {}"))), quit.appName),
+        .body = localized(body(quit.path)),
+        .categoryIdentifier = category,
+        .userInfo = {}};
     if (quit.bundleURL) {
         request.userInfo[bundlePathKey] = quit.bundleURL->string();
     }

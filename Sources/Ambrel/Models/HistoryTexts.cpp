@@ -1,5 +1,6 @@
 #include "Models/HistoryTexts.h"
 
+#include "Core/Localized.h"
 #include "Engine/QuitEvent.h"
 #include "Models/RelativeTime.h"
 
@@ -13,34 +14,44 @@ namespace ambrel {
 
 namespace {
 
-using Row = std::pair<std::string_view, std::string_view>;
+using Row = std::pair<std::string_view, const char*>;
 
 constexpr std::array symbolsOfPaths{Row{"idle", "moon.zzz"}, Row{"hidden", "eye.slash"}};
 
-constexpr std::array endings{Row{"hidden", "hidden"}, Row{"force-terminated", "force quit"}};
+constexpr std::array endings{Row{"hidden", translatable("ambrel", "hidden")},
+                             Row{"force-terminated", translatable("ambrel", "force quit")}};
 
 constexpr std::array heldBackBecause{
-    Row{"skipped(screen-locked)", "Screen was locked — the zero window count wasn't trusted."},
-    Row{"skipped(session-inactive)", "Another user had the screen — not trusted."},
-    Row{"skipped(cg-windows-exist)", "The window server still saw windows — quit refused."},
-    Row{"skipped(shadow-mode)", "Shadow mode — decision logged, nothing quit."},
-    Row{"skipped(dev-mode)", "Dev mode — not on the test whitelist."}};
+    Row{"skipped(screen-locked)", translatable("ambrel", "Screen was locked — the zero window count wasn't trusted.")},
+    Row{"skipped(session-inactive)", translatable("ambrel", "Another user had the screen — not trusted.")},
+    Row{"skipped(cg-windows-exist)", translatable("ambrel", "The window server still saw windows — quit refused.")},
+    Row{"skipped(shadow-mode)", translatable("ambrel", "Shadow mode — decision logged, nothing quit.")},
+    Row{"skipped(dev-mode)", translatable("ambrel", "Dev mode — not on the test whitelist.")}};
 
-constexpr std::array doneBecause{
-    Row{"last-window", "Its last window closed."}, Row{"hidden", "Hidden, and opted into quit-when-hidden."},
-    Row{"quit-all", "Part of Quit All."}, Row{"manual", "Quit from the Running Apps list."}};
+constexpr std::array doneBecause{Row{"last-window", translatable("ambrel", "Its last window closed.")},
+                                 Row{"hidden", translatable("ambrel", "Hidden, and opted into quit-when-hidden.")},
+                                 Row{"quit-all", translatable("ambrel", "Part of Quit All.")},
+                                 Row{"manual", translatable("ambrel", "Quit from the Running Apps list.")}};
 
-template <typename Rows> std::string lookUp(const Rows& rows, std::string_view word, std::string_view otherwise) {
+template <typename Rows> const char* lookUp(const Rows& rows, std::string_view word, const char* otherwise) {
     for (const auto& [key, text] : rows) {
         if (key == word) {
-            return std::string(text);
+            return text;
         }
     }
-    return std::string(otherwise);
+    return otherwise;
+}
+
+/// `word` itself where the rows don't have it.
+template <typename Rows> std::string told(const Rows& rows, const std::string& word) {
+    const char* const text = lookUp(rows, word, nullptr);
+    return text == nullptr ? word : localized(text);
 }
 
 std::string idleSubtitle(std::string_view detail) {
-    return detail.empty() ? "Idle past its limit." : fmt::format("Idle past its limit ({}).", detail);
+    return detail.empty()
+               ? localized(translatable("ambrel", "Idle past its limit."))
+               : fmt::format(fmt::runtime(localized(translatable("ambrel", "Idle past its limit ({})."))), detail);
 }
 
 std::string abbreviated(const std::filesystem::path& file, const std::filesystem::path& home) {
@@ -60,14 +71,16 @@ std::string HistoryTexts::symbol(const QuitEvent& event) {
 }
 
 std::string HistoryTexts::title(const QuitEvent& event) {
-    return fmt::format("{} — {}", event.name, isSkipped(event) ? "held back" : lookUp(endings, event.action, "quit"));
+    const char* const ending = isSkipped(event) ? translatable("ambrel", "held back")
+                                                : lookUp(endings, event.action, translatable("ambrel", "quit"));
+    return fmt::format("{} — {}", event.name, localized(ending));
 }
 
 std::string HistoryTexts::subtitle(const QuitEvent& event) {
     if (isSkipped(event)) {
-        return lookUp(heldBackBecause, event.action, event.action);
+        return told(heldBackBecause, event.action);
     }
-    return event.path == "idle" ? idleSubtitle(event.detail) : lookUp(doneBecause, event.path, event.path);
+    return event.path == "idle" ? idleSubtitle(event.detail) : told(doneBecause, event.path);
 }
 
 std::string HistoryTexts::when(const QuitEvent& event, Date now, const std::string& locale) {
@@ -76,7 +89,9 @@ std::string HistoryTexts::when(const QuitEvent& event, Date now, const std::stri
 
 std::string HistoryTexts::caption(std::size_t count, const std::filesystem::path& file,
                                   const std::filesystem::path& home) {
-    return fmt::format("Showing the last {} decisions. The full log never rotates: {}", count, abbreviated(file, home));
+    return fmt::format(fmt::runtime(localized(
+                           translatable("ambrel", "Showing the last {} decisions. The full log never rotates: {}"))),
+                       count, abbreviated(file, home));
 }
 
 } // namespace ambrel

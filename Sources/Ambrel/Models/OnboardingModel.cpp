@@ -1,5 +1,6 @@
 #include "Models/OnboardingModel.h"
 
+#include "Core/Localized.h"
 #include "Engine/AccessibilityGate.h"
 #include "Engine/QuitEngine.h"
 #include "Platform/Platform.h"
@@ -95,7 +96,7 @@ void OnboardingModel::textEditTerminated() {
     textEditRunning.set(false);
     if (sawTextEditRunning_ && demo.get() != DemoCardState::completed) {
         demo.set(DemoCardState::completed);
-        announcement.emit("Ambrel quit TextEdit for you. Setup is complete.");
+        announcement.emit(localized(translatable("ambrel", "Ambrel quit TextEdit for you. Setup is complete.")));
     }
 }
 

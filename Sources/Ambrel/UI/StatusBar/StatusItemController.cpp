@@ -1,5 +1,6 @@
 #include "UI/StatusBar/StatusItemController.h"
 
+#include "Core/Localized.h"
 #include "Engine/QuitAll.h"
 #include "Platform/ApplicationHost.h"
 #include "Platform/Platform.h"
@@ -78,14 +79,15 @@ void StatusItemController::setMenu(bool paused) {
         windows_.showDropdown(item_->place(), actions());
     };
     const auto does = actions();
-    item_->setMenu({{"Open Ambrel", lifetime_.guard(open)},
-                    {paused ? "Resume" : "Pause", does.togglePause},
-                    {},
-                    {"Quit All Apps", does.quitAll},
-                    {"Running Apps…", does.runningApps},
-                    {"Settings…", does.openSettings},
-                    {},
-                    {"Quit Ambrel", does.quitApp}});
+    item_->setMenu(
+        {{localized(translatable("ambrel", "Open Ambrel")), lifetime_.guard(open)},
+         {localized(paused ? translatable("ambrel", "Resume") : translatable("ambrel", "Pause")), does.togglePause},
+         {},
+         {localized(translatable("ambrel", "Quit All Apps")), does.quitAll},
+         {localized(translatable("ambrel", "Running Apps…")), does.runningApps},
+         {localized(translatable("ambrel", "Settings…")), does.openSettings},
+         {},
+         {localized(translatable("ambrel", "Quit Ambrel")), does.quitApp}});
 }
 
 std::string StatusItemController::describeImage() const {
