@@ -7,13 +7,18 @@ from windows import activate
 QUICK = {"AMBREL_IDLE_EVAL_INTERVAL": "0.2", "AMBREL_IDLE_THRESHOLD_SECONDS": "2"}
 # Rules about idling that are older than this program's care for them are cleared once.
 OPTED_IN = {"idleBehaviorResetForSafetyV1": True}
-RULES = {"rules": [{"bundleIdentifier": SUBJECT, "idleBehavior": "hide"}], "defaultRule": {"bundleIdentifier": "*"}}
+
+
+def rules(behavior):
+    return {"rules": [{"bundleIdentifier": SUBJECT, "idleBehavior": behavior}], "defaultRule": {"bundleIdentifier": "*"}}
+
+
 HIDES = f"idle: idle-hide {SUBJECT} (idle 2s)"
 
 
 class Idle(DesktopTest):
     def test_rule_hides_every_window_and_only_once(self):
-        ambrel = self.start_ambrel(defaults=OPTED_IN, environment=QUICK, rules=RULES)
+        ambrel = self.start_ambrel(defaults=OPTED_IN, environment=QUICK, rules=rules("hide"))
         subject = self.start_sample()
         window = subject.open()
         subject.open()
@@ -31,6 +36,13 @@ class Idle(DesktopTest):
         activate(window)
         activate(self.start_sample(CANARY).open())
         ambrel.wait_for(HIDES, after=begin)
+
+    def test_rule_quits_with_its_windows_open(self):
+        ambrel = self.start_ambrel(defaults=OPTED_IN, environment=QUICK, rules=rules("quit"))
+        subject = self.start_subject(ambrel)
+        activate(self.start_sample(CANARY).open())
+        ambrel.wait_for(f"idle: idle-quit {SUBJECT} (idle 2s)")
+        subject.wait_for_end()
 
 
 if __name__ == "__main__":

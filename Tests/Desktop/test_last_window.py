@@ -108,6 +108,15 @@ class LastWindow(DesktopTest):
         self.assertTrue(careful.is_running())
         self.assertIsNone(careful.find("sigterm"))
 
+    def test_window_that_reopens_during_the_delay(self):
+        ambrel = self.start_ambrel(defaults={"quitDelay": 2.0})
+        subject = self.start_subject(ambrel)
+        subject.say("destroy 1")
+        ambrel.wait_for(f"scheduling quit of {SUBJECT} pid {subject.pid} ")
+        subject.open()
+        ambrel.wait_for(f"cancelled pending quit pid {subject.pid}")
+        self.check_left_alone(ambrel, subject)
+
     def test_storm_of_windows(self):
         ambrel, subject = self.start_with_subject()
         for _ in range(5):

@@ -53,6 +53,16 @@ class Lifecycle(DesktopTest):
             windows.close(settings)
             wait_until(lambda: settings not in windows.windows(ambrel.pid), "the settings are closed")
 
+    def test_gate_stays_until_a_window_manager_comes(self):
+        windows.end_window_manager()
+        ambrel = self.keep(Ambrel(self.folder))
+        ambrel.wait_for("Accessibility not granted; gate presented, polling for grant")
+        windows.start_window_manager()
+        ambrel.wait_for("Accessibility granted; starting engine")
+        ambrel.wait_for_start()
+        wait_until(lambda: not windows.windows(ambrel.pid), "the gate is gone")
+        self.check_left_alone(ambrel)
+
     def test_window_manager_restarts(self):
         self.expected_complaints = [UNREADABLE]
         ambrel, subject = self.start_with_subject()

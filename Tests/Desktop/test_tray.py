@@ -6,6 +6,9 @@ import desktop_test
 from desktop_test import SUBJECT, DesktopTest
 from programs import wait_until
 
+QUIT_WHEN_HIDDEN = {"rules": [{"bundleIdentifier": SUBJECT, "quitWhenHidden": True}],
+                    "defaultRule": {"bundleIdentifier": "*"}}
+
 
 class Tray:
     """What holds for both kinds; a kind knows how to start its tray and how an application shows an icon there."""
@@ -26,6 +29,16 @@ class Tray:
         subject = self.start_subject_with_icon(ambrel)
         self.close_and_wait_until_hidden(ambrel, subject)
         self.check_left_alone(ambrel, subject)
+
+    def test_application_with_an_icon_is_quit_where_its_rule_says_so(self):
+        self.start_tray()
+        ambrel = self.start_ambrel(rules=QUIT_WHEN_HIDDEN)
+        subject = self.start_subject_with_icon(ambrel)
+        self.wait_until_settled(subject)
+        subject.say("destroy 1")
+        subject.wait_for_end()
+        wait_until(lambda: ("hidden", "terminated", subject.pid) in
+                   [(each.path, each.action, each.pid) for each in ambrel.decisions()], "the decision is recorded")
 
     def test_icon_that_was_there_before_ambrel(self):
         self.start_tray()
