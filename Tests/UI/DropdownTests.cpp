@@ -16,19 +16,22 @@ protected:
                                            }});
     }
     [[nodiscard]] AppSettings& settings() { return house().settings; }
+    [[nodiscard]] bool comes(const std::string& text) {
+        return eventually([&] { return shows(text); });
+    }
 
     std::string done;
 };
 
 TEST_F(Dropdown, SaysInOneLineWhatTheProgramIsDoing) {
     open();
-    EXPECT_TRUE(shows("Active · watching 0 apps"));
+    EXPECT_TRUE(comes("Active · watching 0 apps"));
     engine().monitoredCount.set(1);
-    EXPECT_TRUE(shows("Active · watching 1 app"));
+    EXPECT_TRUE(comes("Active · watching 1 app"));
     engine().monitoredCount.set(2);
-    EXPECT_TRUE(shows("Active · watching 2 apps"));
+    EXPECT_TRUE(comes("Active · watching 2 apps"));
     settings().isPaused.set(true);
-    EXPECT_TRUE(shows("Paused — auto-quit off"));
+    EXPECT_TRUE(comes("Paused — auto-quit off"));
 }
 
 TEST_F(Dropdown, StaysOpenWhenItPausesAndOffersToResume) {

@@ -33,6 +33,8 @@ T.Menu {
     onClosed: before?.forceActiveFocus(before.focusReason ?? Qt.PopupFocusReason)
 
     contentItem: ListView {
+        LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
+        LayoutMirroring.childrenInherit: true
         implicitHeight: contentHeight
         model: root.contentModel
         currentIndex: root.currentIndex

@@ -42,7 +42,9 @@ T.AbstractButton {
 
         Behavior on color {
             enabled: !ABRenderConfig.drawsPictures
-            ABColorFade {}
+            ABColorFade {
+                motion: ABMotion.crossfade
+            }
         }
     }
 

@@ -46,7 +46,7 @@ std::vector<AppRule> AppRulesModel::sortedRules() const {
 }
 
 std::vector<AppRulesModel::Row> AppRulesModel::rows() const {
-    std::vector<Row> rows{{.id = defaultRow, .name = "Default rule", .subtitle = "all other apps"}};
+    std::vector<Row> rows{{.id = defaultRow, .name = "", .subtitle = ""}};
     for (const auto& rule : sortedRules()) {
         rows.push_back(rowOf(rule));
     }

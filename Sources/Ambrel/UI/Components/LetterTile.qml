@@ -10,7 +10,7 @@ ABSurface {
     implicitWidth: 24
     implicitHeight: 24
     radius: 6
-    color: ABColor.surfaceHover
+    color: ABColor.accentMuted
     ABDynamicType.maximum: 1
     Accessible.ignored: true
 
@@ -18,7 +18,7 @@ ABSurface {
         anchors.centerIn: parent
         text: Array.from(root.name)[0]?.toUpperCase() ?? ""
         style: ABFont.title
-        color: ABColor.textSecondary
+        color: ABColor.accent
         Accessible.ignored: true
     }
 }

@@ -21,12 +21,14 @@ Rectangle {
         NumberAnimation {
             to: 0.25
             duration: 900
-            easing.type: Easing.InOutSine
+            easing.type: Easing.BezierSpline
+            easing.bezierCurve: [0.42, 0, 0.58, 1, 1, 1]
         }
         NumberAnimation {
             to: 1
             duration: 900
-            easing.type: Easing.InOutSine
+            easing.type: Easing.BezierSpline
+            easing.bezierCurve: [0.42, 0, 0.58, 1, 1, 1]
         }
     }
 }

@@ -22,7 +22,12 @@ Item {
             height: width
             radius: width / 2
             color: ABColor.withAlpha(ABColor.accent, 0.09)
-            visible: !root.isPaused
+            opacity: root.isPaused ? 0 : 1
+
+            Behavior on opacity {
+                enabled: !ABRenderConfig.drawsPictures
+                ABFade {}
+            }
         }
     }
 

@@ -34,12 +34,12 @@ T.AbstractButton {
             Layout.fillWidth: true
             spacing: 2
 
-            ABText {
+            ChangingText {
                 Layout.fillWidth: true
                 style: ABFont.display
                 text: root.settings.isPaused ? qsTr("Paused") : qsTr("Active")
             }
-            ABText {
+            ChangingText {
                 Layout.fillWidth: true
                 style: ABFont.caption
                 color: ABColor.textSecondary
@@ -54,5 +54,9 @@ T.AbstractButton {
 
     ABFocusRing {
         control: root
+    }
+    ABHelp {
+        text: root.settings.isPaused ? qsTr("Click to resume auto-quit") : qsTr("Click to pause auto-quit")
+        visible: root.hovered
     }
 }

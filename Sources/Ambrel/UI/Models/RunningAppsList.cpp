@@ -87,7 +87,7 @@ std::vector<RunningAppsList::Row> RunningAppsList::currentRows() const {
 void RunningAppsList::update() {
     const auto next = currentRows();
     const auto isSame = [](const Row& left, const Row& right) {
-        return left.pid == right.pid;
+        return left == right;
     };
     const auto head = std::mismatch(rows_.begin(), rows_.end(), next.begin(), next.end(), isSame).first - rows_.begin();
     const auto tail = std::mismatch(rows_.rbegin(), rows_.rend() - head, next.rbegin(), next.rend() - head, isSame);

@@ -55,6 +55,7 @@ private:
         ProcessId pid;
         QString name;
         QString identifier;
+        bool operator==(const Row&) const = default;
     };
     [[nodiscard]] std::vector<Row> currentRows() const;
     [[nodiscard]] RunningApplicationRef application(ProcessId pid) const;

@@ -56,13 +56,7 @@ Item {
 
             spacing: 8
 
-            Item {
-                Layout.fillWidth: true
-                visible: !launch.visible
-            }
             ABCheckBox {
-                id: launch
-
                 Layout.fillWidth: true
                 text: qsTr("Launch at Login")
                 isOn: root.login.isEnabled

@@ -1,6 +1,7 @@
 #include "UI/Stage/GlassWindow.h"
 
 #include "DesignSystem/ABAppearance.h"
+#include "DesignSystem/ABColor.h"
 #include "DesignSystem/ABRenderConfig.h"
 #include "Platform/Compositor.h"
 #include "UI/Stage/Stage.h"
@@ -35,7 +36,7 @@ void letThrough(QQuickView& view) {
 void paintBackground(QQuickView& view, bool isGlass) {
     const auto& appearance = ABAppearance::shared();
     const auto paint = [&view, &appearance, isGlass] {
-        QColor colour = appearance.dark() ? QColor(0x26, 0x26, 0x2A) : QColor(0xF1, 0xF1, 0xF2);
+        QColor colour = ABColor::windowBg();
         colour.setAlpha(isGlass ? alphaOfGlass : 255);
         view.setColor(colour);
     };

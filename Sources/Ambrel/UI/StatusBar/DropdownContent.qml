@@ -74,6 +74,8 @@ FocusScope {
                         large: true
                         leading: true
                         focus: true
+                        Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+                        Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
                         symbol: root.settings.isPaused ? "play.fill" : "pause.fill"
                         text: root.settings.isPaused ? qsTr("Resume") : qsTr("Pause")
                         onClicked: root.actions.togglePause()

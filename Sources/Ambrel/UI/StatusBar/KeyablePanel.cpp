@@ -81,7 +81,6 @@ void KeyablePanel::dismiss() {
     if (isVisible()) {
         window_->setKeyboardGrabEnabled(false);
         window_->hide();
-        didDismiss.emit();
     }
 }
 

@@ -46,8 +46,6 @@ public:
     void forget();
 
     [[nodiscard]] QQuickView* window() const { return window_.get(); }
-    /// Closed, by whatever.
-    Signal<> didDismiss;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

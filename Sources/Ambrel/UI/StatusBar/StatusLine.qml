@@ -15,7 +15,7 @@ RowLayout {
     StateDot {
         isPaused: root.settings.isPaused
     }
-    ABText {
+    ChangingText {
         readonly property int count: root.engine.monitoredCount
 
         Layout.fillWidth: true

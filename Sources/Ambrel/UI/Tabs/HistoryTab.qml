@@ -74,7 +74,6 @@ Item {
         }
         ABText {
             Layout.fillWidth: true
-            Layout.topMargin: -8
             visible: root.history.count > 0
             style: ABFont.caption
             color: ABColor.textSecondary

@@ -16,7 +16,7 @@ ABRow {
     verticalPadding: 4
     Accessible.role: Accessible.ListItem
     Accessible.name: text
-    Accessible.description: subtitle
+    Accessible.description: locked ? qsTr("%1, locked").arg(subtitle) : active ? qsTr("%1, has settings of its own").arg(subtitle) : subtitle
     Accessible.selectable: true
     Accessible.selected: selected
 
