@@ -45,7 +45,6 @@ std::unique_ptr<QGuiApplication> makeApplication(int& argc, char** argv) {
     // Our windows go to the server whose windows we watch.
     const ScopedVariable platform("QT_QPA_PLATFORM", "xcb");
     QGuiApplication::setApplicationName(QStringLiteral("ambrel"));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Ambrel"));
     QGuiApplication::setDesktopFileName(QStringLiteral("app.ambrel.Ambrel"));
     auto application = std::make_unique<QGuiApplication>(argc, argv);
     QGuiApplication::setQuitOnLastWindowClosed(false);

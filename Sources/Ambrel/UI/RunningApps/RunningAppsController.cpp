@@ -35,6 +35,7 @@ void RunningAppsController::makeWindow() {
     window_->setTitle(QObject::tr("Running Apps"));
     window_->setMinimumSize(size);
     window_->setMaximumSize(size);
+    place_.follow(*window_);
     neighbours_.dock.follow(*window_);
 }
 

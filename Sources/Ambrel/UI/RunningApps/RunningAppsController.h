@@ -2,6 +2,7 @@
 
 #include "Core/Signal.h"
 #include "Models/RunningAppsModel.h"
+#include "UI/Stage/WindowPlace.h"
 
 #include <memory>
 
@@ -45,6 +46,7 @@ private:
     Neighbours neighbours_;
     std::unique_ptr<RunningAppsModel> model_;
     std::unique_ptr<RunningAppsList> list_;
+    WindowPlace place_;
     std::unique_ptr<QQuickView> window_;
     Subscription lettingGo_;
 };

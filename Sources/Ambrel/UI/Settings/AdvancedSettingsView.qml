@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Layouts
 import Ambrel.DesignSystem
 import Ambrel.UI
 

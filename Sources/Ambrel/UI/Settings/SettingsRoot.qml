@@ -1,5 +1,4 @@
 import QtQuick
-import Ambrel.DesignSystem
 import Ambrel.UI
 
 /// The settings in one of their two forms.

@@ -66,6 +66,7 @@ void SettingsWindowController::makeWindow() {
     window_->setTitle(QStringLiteral("Ambrel"));
     window_->setMinimumSize(form.minimum);
     window_->setMaximumSize(form.maximum);
+    place_.follow(*window_);
     neighbours_.dock.follow(*window_);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Core/Signal.h"
+#include "UI/Stage/WindowPlace.h"
 
 #include <memory>
 
@@ -57,6 +58,7 @@ private:
     void makeWindow();
 
     Neighbours neighbours_;
+    WindowPlace place_;
     std::unique_ptr<QQuickView> window_;
     Subscription lettingGo_;
 };
