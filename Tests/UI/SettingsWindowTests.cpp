@@ -3,8 +3,13 @@
 #include <QPointer>
 #include <gmock/gmock.h>
 
+#include <malloc.h>
+
 namespace ambrel {
 namespace {
+
+/// Much less than any view takes, and more than what a cache may take for the last time.
+constexpr std::size_t bytesOfAView = 20'000;
 
 class SettingsWindow : public ViewTest {
 protected:
@@ -73,6 +78,21 @@ TEST_F(SettingsWindow, IsLetGoOfSomeTimeAfterItHasClosedAndNotBefore) {
     EXPECT_TRUE(first.isNull());
     windows().showSettings();
     EXPECT_TRUE(shows("Ambrel"));
+}
+
+TEST_F(SettingsWindow, LeavesNothingBehindEachTimeItIsLetGoOf) {
+    const auto used = [this] {
+        windows().showSettings();
+        EXPECT_TRUE(shows("Ambrel"));
+        window()->close();
+        desktop.advance(31);
+        return mallinfo2().uordblks;
+    };
+    used();
+    const auto before = used();
+    used();
+    used();
+    EXPECT_LT(used(), before + 3 * bytesOfAView);
 }
 
 TEST_F(SettingsWindow, BindsItsSwitchesBothWays) {

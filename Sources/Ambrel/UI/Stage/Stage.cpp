@@ -1,12 +1,12 @@
 #include "UI/Stage/Stage.h"
 
+#include "UI/Stage/UnusedMemory.h"
+
 #include <algorithm>
 
 #include <QPointer>
 #include <QQmlEngine>
 #include <QQuickWindow>
-
-#include <malloc.h>
 
 namespace ambrel {
 
@@ -80,7 +80,7 @@ void Stage::letGo() {
     }
     willLetGo.emit();
     engine_.reset();
-    malloc_trim(0);
+    giveBackUnusedMemory();
 }
 
 } // namespace ambrel
