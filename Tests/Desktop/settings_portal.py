@@ -4,8 +4,8 @@ import sys
 
 import dbus
 import dbus.service
-from dbus.mainloop.glib import DBusGMainLoop
-from gi.repository import GLib
+
+from service import serve
 
 NAME, PATH = "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop"
 SETTINGS, SPACE, KEY = "org.freedesktop.portal.Settings", "org.freedesktop.appearance", "color-scheme"
@@ -23,21 +23,4 @@ class Portal(dbus.service.Object):
         self.scheme = value
 
 
-def main():
-    DBusGMainLoop(set_as_default=True)
-    bus = dbus.SessionBus()
-    portal = Portal(bus, PATH)
-    loop = GLib.MainLoop()
-
-    def obey(*_):
-        line = sys.stdin.readline().strip()
-        portal.SettingChanged(SPACE, KEY, dbus.UInt32(line)) if line else loop.quit()
-        return True
-
-    GLib.io_add_watch(sys.stdin, GLib.PRIORITY_DEFAULT, GLib.IO_IN | GLib.IO_HUP, obey)
-    owned = dbus.service.BusName(NAME, bus, do_not_queue=True)
-    print(f"{owned.get_name()} is there", flush=True)
-    loop.run()
-
-
-main()
+serve(lambda bus: Portal(bus, PATH), NAME, lambda portal, line: portal.SettingChanged(SPACE, KEY, dbus.UInt32(line)))

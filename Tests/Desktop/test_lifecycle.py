@@ -100,17 +100,11 @@ class Lifecycle(DesktopTest):
                                           capture_output=True).returncode == 0, "the window manager is there")
         ambrel = self.start_ambrel(environment={"DISPLAY": display})
         # The toolkit may notice it first, and say so in words of its own.
-        self.expected_complaints = ["error lifecycle: ", "The X11 connection broke"]
+        self.expected_complaints = ["error lifecycle: ", "The X11 connection broke", "X connection to .* broken"]
         server.kill()
         self.assertNotIn(ambrel.wait_for_end(), (0, -signal.SIGABRT, -signal.SIGSEGV))
         said = [complaint for complaint in ambrel.complaints() if "connection to the X server lost" in complaint]
         self.assertEqual(1, len(said))
-
-    def test_no_x_server_at_all(self):
-        ambrel = self.keep(Ambrel(self.folder, environment={"DISPLAY": ":4711"}))
-        self.expected_complaints = ["error lifecycle: "]
-        self.assertGreater(ambrel.wait_for_end(), 0)
-        self.assertEqual(1, len(ambrel.complaints()))
 
 
 if __name__ == "__main__":

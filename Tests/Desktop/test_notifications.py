@@ -49,16 +49,6 @@ class Notifications(DesktopTest):
         self.assertEqual(2, ambrel.count(f"notify: Reopen tapped — relaunching {SUBJECT}.desktop"))
         self.assertEqual([CONTENT] * 2, dunst.close_all())
 
-    def test_daemon_that_comes_late(self):
-        self.expected_complaints = ["error notify: notification add failed: "]
-        ambrel = self.start_ambrel(defaults={"notifyOnQuit": True})
-        ambrel.wait_for("notify: notification authorization: denied")
-        self.quit_subject(ambrel)
-        ambrel.wait_for(re.compile(r"notification add failed: .*org\.freedesktop\.Notifications"))
-        dunst = self.keep(Dunst(self.folder))
-        self.quit_subject(ambrel)
-        dunst.wait_for_notification()
-
 
 if __name__ == "__main__":
     desktop_test.main()

@@ -90,23 +90,9 @@ class TrayApplications(DesktopTest):
         program.wait_for_end()
         ambrel.stop()
 
-    def check_icon_alone(self, application):
-        """These two keep their window alive; others destroy it, and nothing is left of them but the icon."""
-        program = self.start_application(application)
-        ambrel = self.watch(application, program, False)
-        window = windows.wait_for_window(wm_class=application.wm_class)
-        subprocess.run(["xdotool", "windowclose", window.id], check=True)
-        ambrel.wait_for(f"{application.bundle} is hidden")
-        # GTK itself doesn't survive the loss of a window for long.
-        self.check_left_alone(ambrel)
-        self.assertIsNone(ambrel.find(f" {application.bundle} pid {program.pid} in "))
-        self.assertNotIn(program.pid, [decision.pid for decision in ambrel.decisions()])
-        ambrel.stop()
-
     def check_all(self):
         for application in (KEEPASSXC, TRANSMISSION):
             self.check_application(application)
-            self.check_icon_alone(application)
 
     def test_in_an_embedding_tray(self):
         self.start_trayer()
