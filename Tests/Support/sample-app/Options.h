@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include <sys/types.h>
+#include <unistd.h>
 
 namespace ambrel::sample {
 
@@ -12,7 +12,7 @@ namespace ambrel::sample {
 struct Options {
     std::string instance = "ambrel-sample";
     std::string className = "Ambrel-sample";
-    std::optional<pid_t> pid; ///< `_NET_WM_PID`; absent: no such property
+    std::string pid = std::to_string(getpid()); ///< `_NET_WM_PID`
     std::string machine;
     bool timestamps = false; ///< each line begins with CLOCK_MONOTONIC in seconds
     std::vector<std::string> commands;

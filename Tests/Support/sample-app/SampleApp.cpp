@@ -2,18 +2,17 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <memory>
-#include <utility>
 
 #include <poll.h>
 #include <sys/signalfd.h>
-#include <unistd.h>
 
 namespace ambrel::sample {
 
-SampleApp::SampleApp(Options options) : options_(std::move(options)), output_(options_.timestamps) {
+SampleApp::SampleApp(Options options) : options_(std::move(options)) {
     sigset_t set;
     sigemptyset(&set);
     sigaddset(&set, SIGTERM);
@@ -24,14 +23,16 @@ SampleApp::SampleApp(Options options) : options_(std::move(options)), output_(op
 
 int SampleApp::run() {
     if (!display_.isConnected()) {
-        output_.say("no display");
+        say("no display");
         return 2;
     }
     for (const std::string& command : options_.commands) {
         execute(command);
     }
     while (!finished_ && display_.isConnected()) {
-        readEvents();
+        while (xcb_generic_event_t* const raw = xcb_poll_for_event(display_.connection())) {
+            handle(*std::unique_ptr<xcb_generic_event_t, void (*)(void*)>(raw, std::free));
+        }
         std::array<pollfd, 3> sources{{{xcb_get_file_descriptor(display_.connection()), POLLIN, 0},
                                        {signals_, POLLIN, 0},
                                        {inputEnded_ ? -1 : STDIN_FILENO, POLLIN, 0}}};
@@ -61,30 +62,26 @@ void SampleApp::readInput() {
 void SampleApp::readSignal() {
     signalfd_siginfo info{};
     if (read(signals_, &info, sizeof info) == static_cast<ssize_t>(sizeof info)) {
-        output_.say("sigterm");
+        say("sigterm");
         finished_ = finished_ || !ignoresTerm_;
-    }
-}
-
-void SampleApp::readEvents() {
-    while (xcb_generic_event_t* const raw = xcb_poll_for_event(display_.connection())) {
-        const std::unique_ptr<xcb_generic_event_t, void (*)(void*)> event(raw, std::free);
-        handle(*event);
     }
 }
 
 void SampleApp::handle(const xcb_generic_event_t& event) {
     switch (event.response_type & 0x7f) {
     case XCB_MAP_NOTIFY:
-        reportMapped(reinterpret_cast<const xcb_map_notify_event_t&>(event).window);
+        if (const auto shown = reinterpret_cast<const xcb_map_notify_event_t&>(event).window;
+            unseen_.erase(shown) > 0) {
+            say("window 0x{:x} open", shown);
+        }
         break;
     case XCB_UNMAP_NOTIFY:
-        output_.say("window", reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window, "unmapped");
+        say("window 0x{:x} unmapped", reinterpret_cast<const xcb_unmap_notify_event_t&>(event).window);
         break;
     case XCB_DESTROY_NOTIFY: {
         const xcb_window_t gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
-        output_.say("window", gone, "destroyed");
-        std::erase_if(windows_, [gone](const auto& entry) { return entry.second.id == gone; });
+        say("window 0x{:x} destroyed", gone);
+        std::erase_if(windows_, [gone](const auto& entry) { return entry.second == gone; });
         break;
     }
     case XCB_CLIENT_MESSAGE: {
@@ -96,7 +93,7 @@ void SampleApp::handle(const xcb_generic_event_t& event) {
     }
     case XCB_REPARENT_NOTIFY:
         if (icons_.isIcon(reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window)) {
-            output_.say("docked");
+            say("docked");
         }
         break;
     default:
@@ -105,29 +102,19 @@ void SampleApp::handle(const xcb_generic_event_t& event) {
 }
 
 void SampleApp::deleteRequested(xcb_window_t window) {
-    output_.say("delete-request", window);
-    switch (deleteAnswer_) {
-    case DeleteAnswer::destroy:
+    say("delete-request 0x{:x}", window);
+    if (deleteAnswer_ == DeleteAnswer::destroy) {
         display_.destroy(window);
-        break;
-    case DeleteAnswer::confirm:
+    } else if (deleteAnswer_ == DeleteAnswer::confirm) {
         open(true);
-        break;
-    case DeleteAnswer::ignore:
-        break;
     }
 }
 
-void SampleApp::reportMapped(xcb_window_t window) {
-    if (Window* const known = find(window)) {
-        output_.say("window", window, std::exchange(known->shown, true) ? "mapped" : "open");
-    }
-}
-
-SampleApp::Window* SampleApp::find(xcb_window_t window) {
-    const auto found =
-        std::ranges::find_if(windows_, [window](const auto& entry) { return entry.second.id == window; });
-    return found == windows_.end() ? nullptr : &found->second;
+void SampleApp::write(const std::string& text) const {
+    const std::chrono::duration<double> now = std::chrono::steady_clock::now().time_since_epoch();
+    const auto line = (options_.timestamps ? fmt::format("{:.9f} ", now.count()) : "") + text + "\n";
+    // Whoever read this may have gone; the application lives on.
+    [[maybe_unused]] const ssize_t written = ::write(STDOUT_FILENO, line.data(), line.size());
 }
 
 } // namespace ambrel::sample

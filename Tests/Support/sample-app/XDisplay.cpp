@@ -45,9 +45,8 @@ xcb_window_t XDisplay::create(const Options& options, bool isDialog, xcb_window_
     setNumber(window, "WM_PROTOCOLS", XCB_ATOM_ATOM, atom("WM_DELETE_WINDOW"));
     setNumber(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM,
               atom(isDialog ? "_NET_WM_WINDOW_TYPE_DIALOG" : "_NET_WM_WINDOW_TYPE_NORMAL"));
-    if (options.pid) {
-        setNumber(window, "_NET_WM_PID", XCB_ATOM_CARDINAL, static_cast<std::uint32_t>(*options.pid));
-    }
+    setNumber(window, "_NET_WM_PID", XCB_ATOM_CARDINAL,
+              static_cast<std::uint32_t>(std::strtoul(options.pid.c_str(), nullptr, 10)));
     if (parent != XCB_NONE) {
         setNumber(window, "WM_TRANSIENT_FOR", XCB_ATOM_WINDOW, parent);
     }
@@ -75,11 +74,11 @@ void XDisplay::withdraw(xcb_window_t window) {
 }
 
 void XDisplay::minimise(xcb_window_t window) {
-    sendToRoot(window, "WM_CHANGE_STATE", iconicState);
+    send(root_, redirectMask, window, "WM_CHANGE_STATE", {iconicState});
 }
 
 void XDisplay::requestClose(xcb_window_t window) {
-    sendToRoot(window, "_NET_CLOSE_WINDOW", XCB_CURRENT_TIME);
+    send(root_, redirectMask, window, "_NET_CLOSE_WINDOW", {XCB_CURRENT_TIME});
 }
 
 xcb_window_t XDisplay::selectionOwner(const std::string& selection) {
@@ -100,14 +99,7 @@ xcb_window_t XDisplay::createIcon() {
 }
 
 void XDisplay::sendMessage(xcb_window_t window, const std::string& type, const std::vector<std::uint32_t>& data) {
-    xcb_client_message_event_t event{};
-    event.response_type = XCB_CLIENT_MESSAGE;
-    event.format = 32;
-    event.window = window;
-    event.type = atom(type);
-    std::copy_n(data.begin(), std::min<std::size_t>(data.size(), 5), event.data.data32);
-    xcb_send_event(connection(), 0, window, XCB_EVENT_MASK_NO_EVENT, reinterpret_cast<const char*>(&event));
-    xcb_flush(connection());
+    send(window, XCB_EVENT_MASK_NO_EVENT, window, type, data);
 }
 
 void XDisplay::watch(xcb_window_t window) {
@@ -129,14 +121,15 @@ void XDisplay::setNumber(xcb_window_t window, const std::string& property, xcb_a
     xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, window, atom(property), type, 32, 1, &value);
 }
 
-void XDisplay::sendToRoot(xcb_window_t window, const std::string& message, std::uint32_t first) {
+void XDisplay::send(xcb_window_t receiver, std::uint32_t mask, xcb_window_t window, const std::string& type,
+                    const std::vector<std::uint32_t>& data) {
     xcb_client_message_event_t event{};
     event.response_type = XCB_CLIENT_MESSAGE;
     event.format = 32;
     event.window = window;
-    event.type = atom(message);
-    event.data.data32[0] = first;
-    xcb_send_event(connection(), 0, root_, redirectMask, reinterpret_cast<const char*>(&event));
+    event.type = atom(type);
+    std::copy_n(data.begin(), std::min<std::size_t>(data.size(), 5), event.data.data32);
+    xcb_send_event(connection(), 0, receiver, mask, reinterpret_cast<const char*>(&event));
     xcb_flush(connection());
 }
 

@@ -44,7 +44,8 @@ public:
 private:
     void setText(xcb_window_t window, const std::string& property, xcb_atom_t type, std::string_view text);
     void setNumber(xcb_window_t window, const std::string& property, xcb_atom_t type, std::uint32_t value);
-    void sendToRoot(xcb_window_t window, const std::string& message, std::uint32_t first);
+    void send(xcb_window_t receiver, std::uint32_t mask, xcb_window_t window, const std::string& type,
+              const std::vector<std::uint32_t>& data);
 
     std::unique_ptr<xcb_connection_t, void (*)(xcb_connection_t*)> connection_;
     xcb_window_t root_ = XCB_NONE;
