@@ -8,11 +8,61 @@ namespace {
 
 constexpr std::size_t mostApplications = 8;
 
-const simulated::SimulatedWindow* at(const App& app, long place) {
-    return app.windows().empty() ? nullptr : &app.windows()[static_cast<std::size_t>(place)];
+} // namespace
+
+std::vector<Day::Verb> Day::applicationVerbs() {
+    return {
+        {60, "launch",
+         [this] {
+             launch();
+         }},
+        onApp(150, "open a window", [this](App& app) { app.openWindow(newWindow()); }),
+        onApp(20, "open a dialog", [](App& app) { app.openDialog(); }),
+        onApp(130, "close a window",
+              [this](App& app) {
+                  if (const auto* const window = aWindow(app)) {
+                      app.closeWindow(window->id);
+                  }
+              }),
+        onApp(50, "close all windows", [](App& app) { app.closeWindows(); }),
+        onApp(60, "move a window",
+              [this](App& app) {
+                  if (const auto* const window = aWindow(app)) {
+                      const auto move = oneOf({&App::minimise, &App::restore, &App::restore, &App::withdraw, &App::map,
+                                               &App::map, &App::focusWindow});
+                      (app.*move)(window->id);
+                  }
+              }),
+        onApp(30, "hide or show",
+              [this](App& app) {
+                  app.isHidden() || once(8) ? app.show() : app.hideItself();
+                  app.hasTrayItem = once(6);
+              }),
+        onApp(60, "use an application", [](App& app) { app.activate(); }),
+        onApp(20, "end an application",
+              [this](App& app) {
+                  ended_.push_back(app.processIdentifier());
+                  once(2) ? app.crash() : app.quit();
+              }),
+        onApp(calm_ ? 0 : 20, "open a window that nobody can read",
+              [this](App& app) {
+                  app.accessibility.failReads(oneOf({AXError::failure, AXError::noValue}));
+                  auto window = newWindow();
+                  window.onOtherDesktop = window.onOtherDesktop || once(2);
+                  app.openWindow(window);
+              }),
+        onApp(calm_ ? 0 : 10, "break or mend accessibility",
+              [this](App& app) { breakAccessibility(app.accessibility); }),
+    };
 }
 
-} // namespace
+Day::Verb Day::onApp(long weight, const char* name, std::function<void(App&)> act) {
+    return {weight, name, [this, act = std::move(act)] {
+                if (auto* const app = anApp()) {
+                    act(*app);
+                }
+            }};
+}
 
 App* Day::anApp() {
     const auto& apps = desktop_.workspace().applications();
@@ -54,86 +104,32 @@ void Day::launch() {
     }
 }
 
-void Day::openWindow() {
-    if (auto* const app = anApp()) {
-        simulated::SimulatedWindow window;
-        window.minimised = once(12);
-        window.onOtherDesktop = once(12);
-        window.withdrawn = once(20);
-        window.unreadable.subrole = once(30);
-        window.unreadable.role = once(30);
-        window.alpha = once(20) ? 0.01 : 1;
-        window.frame.width = once(20) ? 20 : 800;
-        app->openWindow(window);
-    }
+simulated::SimulatedWindow Day::newWindow() {
+    simulated::SimulatedWindow window;
+    window.minimised = once(12);
+    window.onOtherDesktop = once(12);
+    window.withdrawn = once(20);
+    window.unreadable.subrole = once(30);
+    window.unreadable.role = once(30);
+    window.alpha = once(20) ? 0.01 : 1;
+    window.frame.width = once(20) ? 20 : 800;
+    return window;
 }
 
-void Day::openDialog() {
-    if (auto* const app = anApp()) {
-        app->openDialog();
-    }
+const simulated::SimulatedWindow* Day::aWindow(const App& app) {
+    const auto place = upTo(std::max<long>(1, std::ssize(app.windows())));
+    return app.windows().empty() ? nullptr : &app.windows()[static_cast<std::size_t>(place)];
 }
 
-void Day::closeWindow() {
-    auto* const app = anApp();
-    if (const auto* window = app ? at(*app, upTo(std::max<long>(1, std::ssize(app->windows())))) : nullptr) {
-        app->closeWindow(window->id);
-    }
-}
-
-void Day::closeAllWindows() {
-    if (auto* const app = anApp()) {
-        app->closeWindows();
-    }
-}
-
-void Day::moveWindow() {
-    auto* const app = anApp();
-    const auto* window = app ? at(*app, upTo(std::max<long>(1, std::ssize(app->windows())))) : nullptr;
-    if (window == nullptr) {
-        return;
-    }
-    const auto move =
-        oneOf({&App::minimise, &App::restore, &App::restore, &App::withdraw, &App::map, &App::map, &App::focusWindow});
-    (app->*move)(window->id);
-}
-
-void Day::hideOrShow() {
-    if (auto* const app = anApp()) {
-        app->isHidden() || once(8) ? app->show() : app->hideItself();
-        app->hasTrayItem = once(6);
-    }
-}
-
-void Day::useApp() {
-    if (auto* const app = anApp()) {
-        app->activate();
-    }
-}
-
-void Day::endApp() {
-    if (auto* const app = anApp()) {
-        ended_.push_back(app->processIdentifier());
-        once(2) ? app->crash() : app->quit();
-    }
-}
-
-void Day::breakAccessibility() {
-    auto* const app = anApp();
-    if (app == nullptr) {
-        return;
-    }
-    auto& faults = app->accessibility;
+void Day::breakAccessibility(simulated::AccessibilityFaults& faults) {
     const bool broken = faults.failingReads > 0 || !faults.addNotification.empty();
     faults.clear();
     if (broken) {
         return;
     }
-    switch (upTo(3)) {
-    case 0:
+    if (once(3)) {
         faults.addNotification["AXWindowCreated"] = AXError::failure;
-        break;
-    default:
+    } else {
         faults.failReads(oneOf({AXError::failure, AXError::noValue, AXError::cannotComplete}));
     }
 }

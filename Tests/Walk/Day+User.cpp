@@ -1,26 +1,94 @@
 #include "Walk/Day.h"
 
-#include <algorithm>
-
 namespace ambrel::walk {
 
-void Day::pauseOrResume() {
-    if (flips(wishes_.paused)) {
-        house_->settings.isPaused.set(wishes_.paused);
-        history_.wishesChanged();
-    }
-}
-
-void Day::changeDelay() {
-    wishes_.delay = oneOf({-1.0, 0.0, 0.5, 0.5, 1.0, 3.0, 10.0});
-    house_->settings.quitDelay.set(wishes_.delay);
-    history_.wishesChanged();
-}
-
-void Day::changeThreshold() {
-    wishes_.quitAtZeroWindows = !wishes_.quitAtZeroWindows;
-    house_->settings.quitOnlyWhenOneWindowLeft.set(wishes_.quitAtZeroWindows);
-    history_.wishesChanged();
+std::vector<Day::Verb> Day::userVerbs() {
+    const auto wish = [this](long weight, const char* name, auto change) {
+        return Verb{weight, name, [this, change] {
+                        change(house_->settings);
+                        history_.wishesChanged();
+                    }};
+    };
+    return {
+        {calm_ ? 3 : 16, "pause or resume",
+         [this] {
+             if (flips(wishes_.paused)) {
+                 house_->settings.isPaused.set(wishes_.paused);
+                 history_.wishesChanged();
+             }
+         }},
+        wish(6, "change the delay",
+             [this](AppSettings& settings) {
+                 wishes_.delay = oneOf({-1.0, 0.0, 0.5, 0.5, 1.0, 3.0, 10.0});
+                 settings.quitDelay.set(wishes_.delay);
+             }),
+        wish(3, "change the threshold",
+             [this](AppSettings& settings) {
+                 wishes_.quitAtZeroWindows = !wishes_.quitAtZeroWindows;
+                 settings.quitOnlyWhenOneWindowLeft.set(wishes_.quitAtZeroWindows);
+             }),
+        wish(calm_ ? 10 : 20, "change a rule", [this](AppSettings&) { changeRule(); }),
+        wish(2, "change the default rule",
+             [this](AppSettings&) {
+                 wishes_.others.quitOnLastWindowClose = !once(4);
+                 wishes_.others.includedInQuitAll = !once(4);
+                 house_->rules.setDefaultRule(wishes_.others);
+             }),
+        wish(8, "change the exclusions",
+             [this](AppSettings& settings) {
+                 wishes_.excluded.clear();
+                 for (long i = upTo(3); i > 0; --i) {
+                     wishes_.excluded.insert(aBundleID());
+                 }
+                 settings.userExcludedBundleIDs.set({wishes_.excluded.begin(), wishes_.excluded.end()});
+             }),
+        wish(calm_ ? 0 : 8, "change the guard", [this](AppSettings&) { changeGuard(); }),
+        {2, "Quit All",
+         [this] {
+             history_.look();
+             statement_.quittingAll = true;
+             house_->quitAll.run(false);
+             statement_.quittingAll = false;
+         }},
+        {4, "reopen",
+         [this] {
+             auto& center = desktop_.notificationCenter();
+             if (!center.shown.empty()) {
+                 center.respond(center.shown.back(),
+                                oneOf<std::string>({"AMBREL_REOPEN", NotificationResponse::defaultAction}));
+             }
+         }},
+        {calm_ ? 6 : 24, "lock, darken or switch",
+         [this] {
+             lockOrSleep();
+         }},
+        {3, "sleep and wake",
+         [this] {
+             desktop_.session().willSleep.emit();
+             history_.shiftWallClock(static_cast<double>(upTo(30000)));
+             desktop_.session().didWake.emit();
+         }},
+        {calm_ ? 1 : 3, "set the clock",
+         [this] {
+             history_.shiftWallClock(oneOf({-3600.0, -20.0, -2.0, -1.0, -1.0, 1.0, 1.0, 20.0, 300.0, 3600.0}));
+         }},
+        {calm_ ? 5 : 20, "disturb the window server",
+         [this] {
+             disturbWindowServer();
+         }},
+        {calm_ ? 0 : 3, "lose or regain trust",
+         [this] {
+             if (flips(untrusted_)) {
+                 desktop_.accessibility().setTrusted(!untrusted_);
+             }
+         }},
+        {2, "restart Ambrel",
+         [this] {
+             history_.look();
+             endAmbrel();
+             startAmbrel();
+         }},
+    };
 }
 
 void Day::changeRule() {
@@ -41,23 +109,6 @@ void Day::changeRule() {
         house_->rules.upsert(chosen);
     }
     trail_.back() += ": " + bundleID;
-    history_.wishesChanged();
-}
-
-void Day::changeDefaultRule() {
-    wishes_.others.quitOnLastWindowClose = !once(4);
-    wishes_.others.includedInQuitAll = !once(4);
-    house_->rules.setDefaultRule(wishes_.others);
-    history_.wishesChanged();
-}
-
-void Day::changeExclusions() {
-    wishes_.excluded.clear();
-    for (long i = upTo(3); i > 0; --i) {
-        wishes_.excluded.insert(aBundleID());
-    }
-    house_->settings.userExcludedBundleIDs.set({wishes_.excluded.begin(), wishes_.excluded.end()});
-    history_.wishesChanged();
 }
 
 void Day::changeGuard() {
@@ -69,21 +120,6 @@ void Day::changeGuard() {
         environment.set("AMBREL_SHADOW_MODE", "");
     }
     desktop_.userDefaults().productSuite()->set("devModeForTesting", wishes_.guard == Guard::whitelist);
-    history_.wishesChanged();
-}
-
-void Day::quitAll() {
-    history_.look();
-    statement_.quittingAll = true;
-    house_->quitAll.run(false);
-    statement_.quittingAll = false;
-}
-
-void Day::reopen() {
-    auto& center = desktop_.notificationCenter();
-    if (!center.shown.empty()) {
-        center.respond(center.shown.back(), oneOf<std::string>({"AMBREL_REOPEN", NotificationResponse::defaultAction}));
-    }
 }
 
 void Day::lockOrSleep() {
@@ -108,16 +144,6 @@ void Day::lockOrSleep() {
     }
 }
 
-void Day::sleepAndWake() {
-    desktop_.session().willSleep.emit();
-    history_.shiftWallClock(static_cast<double>(upTo(30000)));
-    desktop_.session().didWake.emit();
-}
-
-void Day::setClock() {
-    history_.shiftWallClock(oneOf({-3600.0, -20.0, -2.0, -1.0, -1.0, 1.0, 1.0, 20.0, 300.0, 3600.0}));
-}
-
 void Day::disturbWindowServer() {
     auto& server = desktop_.windowServer();
     server.listUnreadable = once(20);
@@ -126,18 +152,6 @@ void Day::disturbWindowServer() {
     } else if (const auto* const app = anApp()) {
         server.leaveResidue(app->processIdentifier());
     }
-}
-
-void Day::loseTrust() {
-    if (flips(untrusted_)) {
-        desktop_.accessibility().setTrusted(!untrusted_);
-    }
-}
-
-void Day::restartAmbrel() {
-    history_.look();
-    endAmbrel();
-    startAmbrel();
 }
 
 } // namespace ambrel::walk

@@ -1,6 +1,7 @@
 #include "Walk/Day.h"
 
-#include <array>
+#include <algorithm>
+#include <iterator>
 #include <numeric>
 
 #include <fmt/format.h>
@@ -31,6 +32,7 @@ private:
 
 Day::Day(std::uint64_t number, Figures& figures)
     : random_(number), calm_(once(2)), figures_(figures), sink_(std::make_unique<Trail>(trail_)) {
+    std::ranges::move(userVerbs(), std::back_inserter(verbs_));
     for (const char* locked : {"com.apple.finder", "app.ambrel.Ambrel"}) {
         AppRule& rule = wishes_.own.try_emplace(locked, locked).first->second;
         rule.quitOnLastWindowClose = rule.includedInQuitAll = false;
@@ -75,51 +77,16 @@ void Day::walk(long steps) {
     }
 }
 
-struct Day::Verb {
-    long weight;
-    const char* name;
-    void (Day::*act)();
-};
-
 void Day::choose() {
-    const std::array verbs{
-        Verb{60, "launch", &Day::launch},
-        Verb{150, "open a window", &Day::openWindow},
-        Verb{20, "open a dialog", &Day::openDialog},
-        Verb{130, "close a window", &Day::closeWindow},
-        Verb{50, "close all windows", &Day::closeAllWindows},
-        Verb{60, "move a window", &Day::moveWindow},
-        Verb{30, "hide or show", &Day::hideOrShow},
-        Verb{60, "use an application", &Day::useApp},
-        Verb{20, "end an application", &Day::endApp},
-        Verb{calm_ ? 0 : 10, "break or mend accessibility", &Day::breakAccessibility},
-        Verb{calm_ ? 3 : 16, "pause or resume", &Day::pauseOrResume},
-        Verb{6, "change the delay", &Day::changeDelay},
-        Verb{3, "change the threshold", &Day::changeThreshold},
-        Verb{calm_ ? 10 : 20, "change a rule", &Day::changeRule},
-        Verb{2, "change the default rule", &Day::changeDefaultRule},
-        Verb{8, "change the exclusions", &Day::changeExclusions},
-        Verb{calm_ ? 0 : 8, "change the guard", &Day::changeGuard},
-        Verb{2, "Quit All", &Day::quitAll},
-        Verb{4, "reopen", &Day::reopen},
-        Verb{calm_ ? 6 : 24, "lock, darken or switch", &Day::lockOrSleep},
-        Verb{3, "sleep and wake", &Day::sleepAndWake},
-        Verb{calm_ ? 1 : 3, "set the clock", &Day::setClock},
-        Verb{calm_ ? 5 : 20, "disturb the window server", &Day::disturbWindowServer},
-        Verb{calm_ ? 0 : 3, "lose or regain trust", &Day::loseTrust},
-        Verb{2, "restart Ambrel", &Day::restartAmbrel},
-    };
     const long total =
-        std::accumulate(verbs.begin(), verbs.end(), 0L, [](long sum, const Verb& verb) { return sum + verb.weight; });
+        std::accumulate(verbs_.begin(), verbs_.end(), 0L, [](long sum, const Verb& verb) { return sum + verb.weight; });
     long chosen = upTo(total);
-    for (const auto& verb : verbs) {
-        chosen -= verb.weight;
-        if (chosen < 0) {
-            trail_.push_back(fmt::format("{:.3f} {}", history_.now() - dawn_, verb.name));
-            (this->*verb.act)();
-            return;
-        }
-    }
+    const auto verb = std::find_if(verbs_.begin(), verbs_.end(), [&](const Verb& each) {
+        chosen -= each.weight;
+        return chosen < 0;
+    });
+    trail_.push_back(fmt::format("{:.3f} {}", history_.now() - dawn_, verb->name));
+    verb->act();
 }
 
 void Day::step() {

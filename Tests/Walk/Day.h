@@ -5,6 +5,7 @@
 #include "Walk/Statement.h"
 
 #include <deque>
+#include <functional>
 #include <random>
 
 namespace ambrel::walk {
@@ -37,7 +38,11 @@ public:
 
 private:
     class Trail;
-    struct Verb;
+    struct Verb {
+        long weight;
+        const char* name;
+        std::function<void()> act;
+    };
 
     void step();
     void letTimePass();
@@ -55,33 +60,22 @@ private:
     [[nodiscard]] App* anApp();
     [[nodiscard]] std::string aBundleID();
 
-    // Applications and their windows: Day+Applications.cpp
+    /// What the applications do: Day+Applications.cpp
+    [[nodiscard]] std::vector<Verb> applicationVerbs();
+    /// What one application does, chosen at random among those that aren't frozen.
+    [[nodiscard]] Verb onApp(long weight, const char* name, std::function<void(App&)> act);
     void launch();
-    void openWindow();
-    void openDialog();
-    void closeWindow();
-    void closeAllWindows();
-    void moveWindow();
-    void hideOrShow();
-    void useApp();
-    void endApp();
-    void breakAccessibility();
-    // The user and the machine: Day+User.cpp
-    void pauseOrResume();
-    void changeDelay();
-    void changeThreshold();
+    [[nodiscard]] simulated::SimulatedWindow newWindow();
+    /// Null when it has none.
+    [[nodiscard]] const simulated::SimulatedWindow* aWindow(const App& app);
+    void breakAccessibility(simulated::AccessibilityFaults& faults);
+
+    /// What the user and the machine do: Day+User.cpp
+    [[nodiscard]] std::vector<Verb> userVerbs();
     void changeRule();
-    void changeDefaultRule();
-    void changeExclusions();
     void changeGuard();
-    void quitAll();
-    void reopen();
     void lockOrSleep();
-    void sleepAndWake();
-    void setClock();
     void disturbWindowServer();
-    void loseTrust();
-    void restartAmbrel();
 
     std::mt19937_64 random_;
     const bool calm_; ///< less goes wrong on such a day
@@ -101,6 +95,7 @@ private:
     double dawn_ = history_.now();
     std::deque<std::string> trail_;
     std::unique_ptr<Trail> sink_;
+    std::vector<Verb> verbs_ = applicationVerbs();
 };
 
 } // namespace ambrel::walk
