@@ -92,14 +92,6 @@ TEST_F(ApplicationIdentifierTests, ReadsTheFactsOfTheEntry) {
     EXPECT_FALSE(identifier.installedApplication("unheard-of"));
 }
 
-TEST_F(ApplicationIdentifierTests, NoticesEntriesThatComeAndGo) {
-    EXPECT_EQ(identifierOf("late"), "none");
-    const auto path = install("late");
-    EXPECT_EQ(identifierOf("late"), "late");
-    fs::remove(path);
-    EXPECT_TRUE(runUntil([&] { return identifierOf("late") == "none"; }));
-}
-
 TEST_F(ApplicationIdentifierTests, TextEditorIsTheDefaultOneAlone) {
     install("mousepad", "MimeType=text/plain;\n");
     install("gedit");

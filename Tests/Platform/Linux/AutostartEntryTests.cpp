@@ -35,19 +35,6 @@ protected:
     fs::path program = makeProgram("Ambrel.app/ambrel");
 };
 
-TEST_F(AutostartEntryTests, ARegistrationIsARealFileThatStartsThisProgram) {
-    auto item = entry(program);
-    EXPECT_EQ(item.status(), Status::notRegistered);
-    EXPECT_EQ(item.unregisterItem(), std::nullopt);
-    EXPECT_EQ(item.registerItem(), std::nullopt);
-    EXPECT_EQ(item.status(), Status::enabled);
-    EXPECT_THAT(content(), HasSubstr("\nExec=\"" + program.string() + "\"\n"));
-    EXPECT_THAT(content(), HasSubstr("\nTryExec=" + program.string() + "\n"));
-    EXPECT_THAT(content(), HasSubstr("\nX-GNOME-Autostart-enabled=true\n"));
-    EXPECT_EQ(item.unregisterItem(), std::nullopt);
-    EXPECT_FALSE(fs::exists(file));
-}
-
 TEST_F(AutostartEntryTests, AnyPathComesThroughTheFileAsItIs) {
     for (const auto* const folder : {"a b", "50% off", "$HOME`x`", "quo\"te", "back\\slash", "tab\tnew\nline", "é"}) {
         auto item = entry(makeProgram(std::string(folder) + "/ambrel"));
@@ -133,12 +120,6 @@ TEST_F(AutostartEntryTests, ALinkIsReplacedAndWhatItPointsToIsLeft) {
     EXPECT_EQ(entry(program).registerItem(), std::nullopt);
     EXPECT_FALSE(fs::is_symlink(file));
     EXPECT_EQ(textOf(foreign), "[Desktop Entry]\nHidden=true\n");
-}
-
-TEST_F(AutostartEntryTests, AFailureComesInWords) {
-    writeText(home.path() / "config", "a file where the folder should be");
-    EXPECT_NE(entry(program).registerItem().value_or(""), "");
-    EXPECT_EQ(entry(program).status(), Status::notRegistered);
 }
 
 } // namespace

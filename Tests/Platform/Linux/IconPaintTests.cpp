@@ -1,6 +1,5 @@
 #include "Platform/Linux/IconPaint.h"
 
-#include <cstdlib>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -27,24 +26,6 @@ TEST(IconPaint, MixesTheTintIn) {
     EXPECT_EQ(tinted(white, tint(0.5)), (IconColour{228, 128, 178}));
     EXPECT_EQ(tinted(white, tint(1)), (IconColour{200, 0, 100}));
     EXPECT_EQ(tinted(white, tint(7)), (IconColour{200, 0, 100}));
-}
-
-TEST(IconPaint, TakesTheLargestPictureThatHasRoom) {
-    const IconPicture picture{{16, {}}, {22, {}}, {48, {}}};
-    const auto size = [&](int room) {
-        return fittingMask(picture, room)->size;
-    };
-    EXPECT_EQ((std::vector{size(1), size(16), size(21), size(22), size(47), size(48), size(500)}),
-              (std::vector{16, 16, 16, 22, 22, 48, 48}));
-    EXPECT_EQ(fittingMask({}, 22), nullptr);
-}
-
-TEST(IconPaint, StandsOutFromEveryGround) {
-    for (int shade = 0; shade < 256; ++shade) {
-        const auto level = static_cast<std::uint8_t>(shade);
-        const auto colour = foregroundOn(isDark({level, level, level}));
-        EXPECT_GE(std::abs(colour.red - shade), 80) << shade;
-    }
 }
 
 } // namespace

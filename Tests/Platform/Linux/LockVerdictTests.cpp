@@ -41,14 +41,5 @@ TEST(LockVerdict, DoubtKeepsTheScreenLocked) {
     }
 }
 
-TEST(LockVerdict, OnlyTheDeathOfOneThatSaidLockedCallsForQuestions) {
-    LockVerdict verdict;
-    verdict.says("login", false);
-    EXPECT_FALSE(verdict.dies("login"));
-    verdict.says("saver", true);
-    EXPECT_TRUE(verdict.dies("saver"));
-    EXPECT_FALSE(verdict.dies("saver"));
-}
-
 } // namespace
 } // namespace ambrel

@@ -55,19 +55,6 @@ TEST(ProcessTests, ZombieHasEndedAndTakesNoSignal) {
     EXPECT_FALSE(Process::exists(gone));
 }
 
-TEST(ProcessTests, StoppedProcessIsAlive) {
-    ChildProcess child(waitForSignals);
-    bool ended = false;
-    const auto process = Process::open(child.pid(), [&] { ended = true; });
-    child.signal(SIGSTOP);
-    child.awaitStop();
-    EXPECT_TRUE(process->signal(SIGTERM));
-    EXPECT_FALSE(process->hasExited());
-    EXPECT_TRUE(Process::exists(child.pid()));
-    child.signal(SIGCONT);
-    EXPECT_TRUE(runUntil([&] { return ended; }));
-}
-
 TEST(ProcessTests, ExistsWhoeversItIsAndWhicheverThreadHasEnded) {
     ChildProcess headless({"python3", "-c",
                            "import ctypes, threading, time\n"

@@ -72,14 +72,6 @@ TEST_F(ProgramPresenceTests, ActivationThatStartedUsIsNoReopening) {
     EXPECT_TRUE(runUntil([&] { return reopened == 1; }));
 }
 
-TEST_F(ProgramPresenceTests, WithoutABusItSaysSoOnce) {
-    unsetenv("DBUS_SESSION_BUS_ADDRESS");
-    log.expectError("no session bus");
-    const ProgramPresence presence(sessionBus);
-    EXPECT_TRUE(presence.otherInstances().empty());
-    EXPECT_EQ(log.texts("lifecycle").size(), 1);
-}
-
 TEST_F(ProgramPresenceTests, FirstSignalEndsTheLoopAndTheSecondTheProcess) {
     ProgramPresence presence(sessionBus);
     {

@@ -5,12 +5,7 @@
 #include "Platform/Linux/QuitRequest.h"
 #include "Platform/Linux/SessionBus.h"
 
-#include <fmt/format.h>
 #include <gtest/gtest.h>
-
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 namespace ambrel {
 
@@ -127,15 +122,6 @@ TEST_F(QuitRequestTests, HungApplicationGetsTheSignal) {
     EXPECT_EQ(application.heard(), Lines{"SIGTERM"});
 }
 
-TEST_F(QuitRequestTests, HungBusLeadsToTheSignal) {
-    Application application({"quit"});
-    bus.daemon.signal(SIGSTOP);
-    bus.daemon.awaitStop();
-    request.quit(application.process, application.address());
-    EXPECT_EQ(awaitNews(application), Lines{"SIGTERM"});
-    bus.daemon.signal(SIGCONT);
-}
-
 TEST_F(QuitRequestTests, EndedProcessIsLeftAlone) {
     Application application({"quit"});
     request.quit(application.process, application.address());
@@ -143,35 +129,6 @@ TEST_F(QuitRequestTests, EndedProcessIsLeftAlone) {
     application.child.awaitEnd();
     request.quit(application.process, std::nullopt);
     EXPECT_EQ(application.child.collect(), -SIGKILL);
-}
-
-TEST_F(QuitRequestTests, MayEndInTheMiddleOfAConversation) {
-    Application application({"quit"});
-    std::make_unique<QuitRequest>(sessionBus)->quit(application.process, application.address());
-    // The bus keeps the order: when this has been answered, the other question has been too.
-    Application other({"quit"});
-    request.quit(other.process, other.address());
-    EXPECT_EQ(awaitNews(other), Lines{activation});
-    EXPECT_EQ(application.heard(), Lines{});
-}
-
-TEST(SessionBusTests, HoldsNobodyUp) {
-    const QDeadlineTimer soon(5'000);
-    EXPECT_FALSE(SessionBus().connection(Seconds(10))) << "a bus was started";
-    EXPECT_FALSE(soon.hasExpired()) << "it waited for a bus that can't come";
-
-    const TemporaryFolder folder;
-    sockaddr_un address{AF_UNIX, {}};
-    (folder.path() / "bus").string().copy(address.sun_path, sizeof address.sun_path - 1);
-    const int deaf = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    ASSERT_EQ(bind(deaf, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
-    ASSERT_EQ(listen(deaf, 5), 0);
-    setenv("DBUS_SESSION_BUS_ADDRESS", fmt::format("unix:path={}", address.sun_path).c_str(), 1);
-    SessionBus bus;
-    EXPECT_FALSE(bus.connection());
-    EXPECT_FALSE(bus.connection(Seconds(0.05)));
-    close(deaf);
-    unsetenv("DBUS_SESSION_BUS_ADDRESS");
 }
 
 } // namespace

@@ -42,7 +42,7 @@ public:
             return bus_.send(message.createReply(QVariant::fromValue(QDBusObjectPath("/17_abc"))));
         }
         bus_.send(message.createReply());
-        if (message.member() == "GetUpdates" && !hangs) {
+        if (message.member() == "GetUpdates") {
             tell();
         }
         return true;
@@ -56,7 +56,6 @@ public:
     const char* error = nullptr;
     const char* last = "Finished";
     QString refused;
-    bool hangs = false;
     std::vector<std::string> asked;
 
 private:
@@ -139,19 +138,6 @@ TEST_F(PackageQuestionTests, AQuestionThatFailsSaysWhy) {
     EXPECT_THAT(ask(), ::testing::StartsWith("failed: "));
 }
 
-TEST_F(PackageQuestionTests, AQuestionCanBeTakenBack) {
-    PlayedPackageKit service;
-    service.hangs = true;
-    bool answered = false;
-    {
-        const PackageQuestion question(queue, "ambrel", [&](const PackageQuestion::Answer&) { answered = true; });
-        EXPECT_TRUE(runUntil([&] { return service.asked.size() == 3; }));
-    }
-    service.hangs = false;
-    ask();
-    EXPECT_FALSE(answered);
-}
-
 /// A day passes in a moment, except on the bus.
 class LinuxUpdaterTests : public UpdaterTests {
 protected:
@@ -208,20 +194,14 @@ TEST_F(LinuxUpdaterTests, AsksOnceADayAcrossRunsAndNotInTheMiddleOfALogin) {
 
 TEST_F(LinuxUpdaterTests, AsksNothingWhereItMayNot) {
     service.emplace();
-    service->updates = {{5, "ambrel;2.0;amd64;debian"}};
     start();
     EXPECT_TRUE(updater->automaticallyChecksForUpdates());
     updater->setAutomaticallyChecksForUpdates(false);
-    ASSERT_TRUE(await([&] { return updater->isAvailable(); }));
-    pass(100);
-    EXPECT_THAT(service->asked, IsEmpty());
     start();
     EXPECT_FALSE(updater->automaticallyChecksForUpdates()) << "forgotten by the next run";
     ASSERT_TRUE(await([&] { return updater->isAvailable(); }));
-    updater->setAutomaticallyChecksForUpdates(true);
-    pass(0.1);
-    EXPECT_TRUE(awaitQuestions(1));
-    EXPECT_FALSE(defaults.productSuite()->object("automaticallyChecksForUpdates")) << "it is no setting of ours";
+    pass(100);
+    EXPECT_THAT(service->asked, IsEmpty());
 }
 
 TEST_F(LinuxUpdaterTests, WithoutAServiceItSaysSoOnce) {

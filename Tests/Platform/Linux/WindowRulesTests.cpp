@@ -153,12 +153,6 @@ TEST_F(ApplicationVisibilityTest, HidesOnlyWhenWithdrawnWindowsStayAlive) {
     EXPECT_FALSE(visibility.isHidden());
 }
 
-TEST_F(ApplicationVisibilityTest, AnApplicationWithoutAnyWindowIsNotHidden) {
-    EXPECT_EQ(visibility.settled(withdrawn, false), hidden);
-    EXPECT_EQ(visibility.changed({}, false), none);
-    EXPECT_FALSE(visibility.isHidden());
-}
-
 TEST_F(ApplicationVisibilityTest, InTheTrayItIsHiddenAtOnceAndToldOfLater) {
     EXPECT_EQ(visibility.changed(open, true), none);
     EXPECT_FALSE(visibility.isHidden()) << "an icon beside a window";

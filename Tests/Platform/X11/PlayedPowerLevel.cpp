@@ -58,7 +58,7 @@ int xcb_poll_for_reply(xcb_connection_t* connection, unsigned request, void** re
     if (result != 0 && *reply != nullptr && questions().erase(request) > 0) {
         auto& info = *static_cast<xcb_dpms_info_reply_t*>(*reply);
         info.power_level = ambrel::PlayedPowerLevel::level;
-        info.state = ambrel::PlayedPowerLevel::isEnabled ? 1 : 0;
+        info.state = 1;
     }
     return result;
 }

@@ -8,7 +8,6 @@ namespace ambrel {
 /// server's answer. Everything else of the conversation is real.
 struct PlayedPowerLevel {
     static inline std::uint16_t level = 0;
-    static inline bool isEnabled = true;
 };
 
 } // namespace ambrel

@@ -19,7 +19,6 @@ protected:
     void TearDown() override {
         forceScreenSaver(XCB_SCREEN_SAVER_RESET);
         PlayedPowerLevel::level = XCB_DPMS_DPMS_MODE_ON;
-        PlayedPowerLevel::isEnabled = true;
     }
 
     /// What the server also does of itself when the power level changes.
@@ -78,16 +77,6 @@ TEST_F(X11DisplaySleepTest, DisplaysThatWakeSilentlyAreFoundOutByTheNextEvent) {
         stir();
         return !displays.isAsleep();
     }));
-}
-
-TEST_F(X11DisplaySleepTest, ALevelThatIsNotInForceIsNone) {
-    PlayedPowerLevel::level = XCB_DPMS_DPMS_MODE_OFF;
-    PlayedPowerLevel::isEnabled = false;
-    displays.start();
-    stir();
-    stir();
-    EXPECT_FALSE(displays.isAsleep());
-    EXPECT_EQ(changeCount, 0);
 }
 
 } // namespace

@@ -1,10 +1,7 @@
 #include "Platform/Linux/EventLoop.h"
 #include "Platform/Linux/X11HotKeyCenter.h"
-#include "Platform/Linux/X11KeyCombination.h"
 #include "Platform/X11/PlayedDesktop.h"
 #include "Support/LoggedTest.h"
-
-#include <set>
 
 #include <QProcess>
 #include <gtest/gtest.h>
@@ -14,19 +11,6 @@ namespace {
 
 constexpr HotKey quitAll{12, 0xB00};
 const QString combination = "super+alt+shift+q";
-
-TEST(X11KeyCombination, IsMeantWhateverTheLocksSay) {
-    const X11KeyCombination key{.keys = {24, 38}, .modifiers = 0x49, .locks = 0x92};
-    const auto states = key.states();
-    EXPECT_EQ(std::set(states.begin(), states.end()),
-              (std::set<std::uint16_t>{0x49, 0x4b, 0x59, 0x5b, 0xc9, 0xcb, 0xd9, 0xdb}));
-    EXPECT_EQ(states.size(), 8U);
-    EXPECT_TRUE(key.matches(38, 0x5b));
-    EXPECT_TRUE(key.matches(24, 0x149)) << "a button of the pointer is down";
-    EXPECT_FALSE(key.matches(24, 0x4d)) << "one modifier more";
-    EXPECT_FALSE(key.matches(24, 0x48));
-    EXPECT_FALSE(key.matches(25, 0x49));
-}
 
 void run(const QString& program, const QStringList& arguments) {
     QProcess process;
@@ -143,17 +127,6 @@ TEST_F(X11HotKeyTest, FollowsTheKeyboardMap) {
     EXPECT_EQ(log.texts("hotkey").back(), "registered global hotkey (keyCode 12)");
 }
 
-TEST_F(X11HotKeyTest, KeepsItsGrabWhenTheMapChangesElsewhere) {
-    const auto result = registerHotKey();
-    run("xdotool", {"keydown", "super", "keydown", "alt", "keydown", "shift", "keydown", "q"});
-    ASSERT_TRUE(runUntil([&] { return presses == 1; }));
-    const Rival rival{connect()};
-    changeMap("xmodmap", {"-e", "keycode 94 = section"});
-    run("xdotool", {"keyup", "q", "keyup", "shift", "keyup", "alt", "keyup", "super"});
-    EXPECT_FALSE(rival.canGrab(24, 0x49));
-    EXPECT_TRUE(works());
-}
-
 TEST_F(X11HotKeyTest, ACombinationThatAnotherProgramHasIsLeftToIt) {
     const Rival rival{connect()};
     ASSERT_TRUE(rival.grab(24, 0x4b)) << "with CapsLock only";
@@ -174,15 +147,6 @@ TEST_F(X11HotKeyTest, GivesTheCombinationBack) {
     // From within its own call, too.
     result = center.registerHotKey(quitAll, [&] { result.registration.reset(), ++presses; });
     EXPECT_TRUE(works());
-}
-
-TEST_F(X11HotKeyTest, NeedsAllItsKeys) {
-    EXPECT_EQ(center.registerHotKey({12, 0x1900}, [] {}).status, -9879) << "a modifier that nobody knows";
-    EXPECT_EQ(center.registerHotKey({13, 0xB00}, [] {}).status, -9879);
-    changeMap("xmodmap", {"-e", "clear mod4", "-e", "add mod1 = Super_L"});
-    EXPECT_EQ(registerHotKey().status, -9879) << "Super and Alt are one modifier";
-    changeMap("xmodmap", {"-e", "clear mod1"});
-    EXPECT_EQ(registerHotKey().status, -9879);
 }
 
 } // namespace

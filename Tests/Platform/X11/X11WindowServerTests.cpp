@@ -64,38 +64,25 @@ TEST_F(X11WindowServerTest, AQuestionAboutOneApplicationAsksNothingAboutTheOther
     EXPECT_TRUE(runUntil([&] { return requestsFor(asked.pid()) == alone; })) << "one that got its frame later";
 }
 
-TEST_F(X11WindowServerTest, AFramedWindowIsSeenOnceAndAsLargeAsItsFrame) {
+TEST_F(X11WindowServerTest, AFramedWindowIsSeenOnceAsLargeAsItsFrameAndAsOpaqueAsItself) {
     SampleProcess client;
     const auto listed = client.open();
     publish({listed});
     ASSERT_EQ(onScreen(client.pid()).size(), 1U);
-    manager.frame(listed, 400, 300);
-    const Rect ofFrame{0, 0, 400, 300};
-    EXPECT_TRUE(runUntil([&] {
+    const auto frame = manager.frame(listed, 400, 300);
+    const auto isSeen = [&](double alpha) {
         const auto list = onScreen(client.pid());
-        return list.size() == 1 && list.front().bounds == ofFrame;
-    }));
-
+        return list.size() == 1 && list.front().bounds == Rect{0, 0, 400, 300} && list.front().alpha == alpha;
+    };
+    EXPECT_TRUE(runUntil([&] { return isSeen(1); }));
+    manager.setWords(frame, X11Atom::netWmWindowOpacity, XCB_ATOM_CARDINAL, {0});
+    EXPECT_TRUE(isSeen(0));
+    manager.setWords(listed, X11Atom::netWmWindowOpacity, XCB_ATOM_CARDINAL, {0xffffffff});
+    EXPECT_TRUE(isSeen(1));
     const auto unlisted = client.open("dialog");
     manager.setWords(unlisted, X11Atom::wmState, XCB_ATOM_CARDINAL, {1, 0});
     manager.frame(unlisted, 100, 90);
     EXPECT_EQ(onScreen(client.pid()).size(), 2U) << "one that the window manager has not published yet";
-}
-
-TEST_F(X11WindowServerTest, TheOpacityOfAClientCountsBeforeThatOfItsFrame) {
-    SampleProcess client;
-    const auto window = client.open();
-    const auto frame = manager.frame(window, 400, 300);
-    publish({window});
-    const auto alpha = [&] {
-        const auto list = onScreen(client.pid());
-        return list.size() == 1 ? list.front().alpha.value_or(-1) : -2;
-    };
-    EXPECT_EQ(alpha(), 1);
-    manager.setWords(frame, X11Atom::netWmWindowOpacity, XCB_ATOM_CARDINAL, {0});
-    EXPECT_EQ(alpha(), 0);
-    manager.setWords(window, X11Atom::netWmWindowOpacity, XCB_ATOM_CARDINAL, {0xffffffff});
-    EXPECT_EQ(alpha(), 1);
 }
 
 } // namespace
