@@ -27,28 +27,5 @@ TEST_F(ProcessContract, EnvironmentVariablesAreReadAfresh) {
     EXPECT_FALSE(environment.isSet("AMBREL_CONTRACT"));
 }
 
-TEST_F(ProcessContract, FoldersAreAbsoluteAndApart) {
-    const auto support = platform.fileLocations().applicationSupport();
-    const auto logs = platform.fileLocations().logs();
-    EXPECT_TRUE(support.is_absolute());
-    EXPECT_TRUE(logs.is_absolute());
-    EXPECT_NE(support, logs) << "a log is no setting";
-}
-
-TEST_F(ProcessContract, ABundleHasAFolderOfItsOwnAndABareBinaryNoIdentifier) {
-    const auto& bundle = platform.bundle();
-    EXPECT_TRUE(bundle.bundleURL().is_absolute());
-    EXPECT_EQ(bundle.bundleIdentifier().has_value(), bundle.bundleURL().extension() == ".app");
-}
-
-TEST_F(ProcessContract, ThePlaceInTheTaskBarIsRemembered) {
-    auto& host = platform.application();
-    EXPECT_FALSE(host.hasVisibleTitledWindow());
-    for (const auto policy : {ActivationPolicy::regular, ActivationPolicy::accessory}) {
-        host.setActivationPolicy(policy);
-        EXPECT_EQ(host.activationPolicy(), policy);
-    }
-}
-
 } // namespace
 } // namespace ambrel

@@ -17,19 +17,6 @@ protected:
     }
 };
 
-TEST_F(UserDefaultsContract, EachTypeIsKeptAsItIs) {
-    const DefaultsValue values[] = {true,          false,
-                                    0.0,           1.0,
-                                    -0.1,          12.75,
-                                    std::string(), std::string("caf\u00e9 \"x\"\n"),
-                                    Strings{},     Strings{"", "b", "a", "b"}};
-    for (const auto& value : values) {
-        suite->set("key", value);
-        EXPECT_EQ(suite->object("key"), value) << value.index();
-        EXPECT_EQ(defaults.suite(name())->object("key"), value) << "another handle sees it at once";
-    }
-}
-
 TEST_F(UserDefaultsContract, RegisteredValuesStandInForAbsentOnesAndForThoseOfAnotherType) {
     EXPECT_FALSE(suite->boolForKey("flag"));
     EXPECT_EQ(suite->doubleForKey("delay"), 0);

@@ -14,11 +14,6 @@ TEST_F(WindowServerContract, ListsWindowsThatAreOnTheScreenWithTheirOwner) {
     ASSERT_TRUE(info.bounds);
     EXPECT_GE(info.bounds->width, 64);
     EXPECT_GE(info.bounds->height, 64);
-
-    const auto dialog = sample->openDialog();
-    EXPECT_TRUE(driver->waitUntil([&] { return onScreen(*sample).size() == 2; }));
-    sample->close(dialog);
-    EXPECT_TRUE(driver->waitUntil([&] { return onScreen(*sample).size() == 1; }));
 }
 
 TEST_F(WindowServerContract, LeavesOutWhatIsNotOnTheScreen) {

