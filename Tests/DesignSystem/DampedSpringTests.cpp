@@ -70,12 +70,6 @@ TEST(DampedSpringTests, SettledIsForGood) {
     }
 }
 
-TEST(DampedSpringTests, WithoutGiveIsThereAtOnce) {
-    const DampedSpring stiff(0, 1, {5, 100}, 7);
-    EXPECT_EQ(stiff.at(0).position, 7);
-    EXPECT_TRUE(stiff.hasSettled({5, 100}, 0.5));
-}
-
 } // namespace
 
 } // namespace ambrel

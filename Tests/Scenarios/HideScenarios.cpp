@@ -118,19 +118,6 @@ INSTANTIATE_TEST_SUITE_P(
                  "hidden skipped(shadow-mode) Editor"}),
     [](const auto& each) { return each.param.name; });
 
-TEST_F(Hide, TheDefaultRuleHasNoSay) {
-    auto rule = AppRule::initialDefaultRule();
-    rule.quitWhenHidden = true;
-    house().rules.setDefaultRule(rule);
-    start();
-    auto& app = launchWithWindow();
-    desktop.advance(5);
-    app.hideItself();
-    desktop.advance(60);
-    EXPECT_THAT(terminated(), IsEmpty());
-    EXPECT_FALSE(log.contains("hide-quit"));
-}
-
 TEST_F(Hide, ThreeSecondsAfterItsLaunchItIsNoArtefactOfTheLaunch) {
     start();
     allow();

@@ -9,12 +9,9 @@ namespace ambrel {
 namespace {
 
 using simulated::SimulatedApplication;
-using simulated::SimulatedWindow;
 using ::testing::Contains;
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using ::testing::Not;
 
 class LastWindow : public EngineScenario {
 protected:
@@ -124,44 +121,6 @@ INSTANTIATE_TEST_SUITE_P(
                  "recreating all 1 monitors", nullptr}),
     [](const auto& each) { return each.param.name; });
 
-TEST_F(LastWindow, AnEarlierPendingQuitFailsAtFireTimeWhenPausedUnnoticed) {
-    start();
-    auto& app = launchWithWindow();
-    auto& settings = house().settings;
-    settings.isPaused.set(true);
-    app.closeWindows();
-    desktop.advance(10);
-    EXPECT_FALSE(log.contains("scheduling quit")) << "nothing is scheduled while paused";
-    settings.isPaused.set(false);
-    desktop.advance(10);
-    EXPECT_THAT(terminated(), IsEmpty()) << "resuming starts no quit by itself";
-}
-
-TEST_F(LastWindow, NotQuitBeforeItEverHadAWindow) {
-    start();
-    auto& app = desktop.launch("org.example.Editor", "Editor");
-    desktop.advance(1);
-    app.openDialog();
-    desktop.settle();
-    app.closeWindows();
-    desktop.advance(10);
-    EXPECT_THAT(terminated(), IsEmpty());
-}
-
-TEST_F(LastWindow, AMonitorRebuiltAfterTheWindowsWentNeedsAFreshSighting) {
-    start();
-    auto& app = launchWithWindow();
-    engine().recreateAll();
-    app.closeWindows();
-    desktop.advance(10);
-    EXPECT_THAT(terminated(), IsEmpty());
-    app.openWindow();
-    desktop.settle();
-    app.closeWindows();
-    desktop.advance(1);
-    EXPECT_THAT(terminated(), ElementsAre(app.processIdentifier()));
-}
-
 TEST_F(LastWindow, MinimisedHiddenAndWithdrawnWindowsKeepTheApplication) {
     start();
     auto& minimised = launchWithWindow("org.example.Minimised");
@@ -201,55 +160,6 @@ TEST_F(LastWindow, WithOneWindowLeftTheWindowServerIsNotAsked) {
     desktop.advance(1);
     EXPECT_THAT(terminated(), ElementsAre(app.processIdentifier()));
     EXPECT_THAT(decisions(), ElementsAre("last-window terminated Editor windows=1"));
-}
-
-TEST_F(LastWindow, EachFurtherDropRestartsTheDelayWithoutACancelLine) {
-    start();
-    house().settings.quitOnlyWhenOneWindowLeft.set(false);
-    auto& app = desktop.launch("org.example.Editor", "Editor");
-    app.openWindow();
-    app.openWindow();
-    desktop.advance(1);
-    log.clear();
-    app.closeWindow(app.windows().front().id);
-    desktop.advance(0.4);
-    app.closeWindow(app.windows().front().id);
-    desktop.advance(0.4);
-    EXPECT_EQ(log.count("scheduling quit of"), 2U);
-    EXPECT_EQ(log.count("cancelled"), 0U);
-    EXPECT_EQ(log.count("confirmed (1/2)"), 0U);
-    desktop.advance(0.1);
-    EXPECT_EQ(log.count("confirmed (1/2)"), 1U);
-}
-
-TEST_F(LastWindow, ANegativeDelayIsNoneAndALongOneIsHonoured) {
-    start();
-    house().settings.quitDelay.set(-1);
-    auto& quick = launchWithWindow("org.example.Quick");
-    quick.closeWindows();
-    desktop.advance(0.5);
-    EXPECT_THAT(terminated(), ElementsAre(quick.processIdentifier()));
-    house().settings.quitDelay.set(12);
-    auto& slow = launchWithWindow("org.example.Slow");
-    slow.closeWindows();
-    desktop.advance(12.4);
-    EXPECT_EQ(terminated().size(), 1U);
-    desktop.advance(0.2);
-    EXPECT_EQ(terminated().size(), 2U);
-}
-
-TEST_F(LastWindow, AForcedLockOutranksTheSessionAndOnlyOneForces) {
-    desktop.environment().set("AMBREL_FORCE_SESSION_INACTIVE", "1");
-    desktop.environment().set("AMBREL_FORCE_SCREEN_LOCKED", "1");
-    start();
-    auto& app = launchWithWindow();
-    app.closeWindows();
-    desktop.advance(10);
-    EXPECT_THAT(decisions(), ElementsAre("last-window skipped(screen-locked) org.example.Editor forced-lock"));
-
-    desktop.environment().set("AMBREL_FORCE_SCREEN_LOCKED", "true");
-    desktop.environment().unset("AMBREL_FORCE_SESSION_INACTIVE");
-    EXPECT_TRUE(SystemState(desktop.environment(), desktop.session()).isTrustworthy());
 }
 
 TEST_F(LastWindow, TheGuardWritesOneLineAndEndsTheChain) {

@@ -37,13 +37,6 @@ TEST_F(Monitors, OneForEachRegularApplicationWhoseRuleAsksForIt) {
     EXPECT_EQ(engine().monitoredCount.get(), 1);
 }
 
-TEST_F(Monitors, NoneForAnApplicationThatIsGoneBeforeItsDelayEnds) {
-    start();
-    desktop.launch("org.example.A", "A").crash();
-    desktop.advance(5);
-    EXPECT_THAT(engineLines(), IsEmpty());
-}
-
 TEST_F(Monitors, NoneUnderTheNameOfAnApplicationWhoseProcessIdItGot) {
     start();
     setRule("org.example.Kept", false);
@@ -193,48 +186,6 @@ TEST_F(AMonitor, TellsJumpsFromStepsForBothThresholds) {
         desktop.settle();
         EXPECT_FALSE(monitor->lastDropWasJump()) << "a rise clears it";
     }
-}
-
-TEST_F(AMonitor, AnUnchangedCountCanStillSetTheLatch) {
-    house().settings.quitOnlyWhenOneWindowLeft.set(false);
-    auto& app = desktop.launch("org.example.A", "A");
-    app.openWindow();
-    desktop.settle();
-    const auto monitor = make(app);
-    EXPECT_FALSE(monitor->hasObservedAboveThreshold());
-    house().settings.quitOnlyWhenOneWindowLeft.set(true);
-    app.minimise(app.windows().front().id);
-    desktop.settle();
-    EXPECT_TRUE(monitor->hasObservedAboveThreshold());
-    EXPECT_EQ(changes, 0);
-}
-
-TEST_F(AMonitor, CountsStandardAndMinimisedWindowsOnly) {
-    const auto element = [](std::optional<std::string> role, std::optional<std::string> subrole,
-                            std::optional<bool> minimized) {
-        return WindowElement{std::move(role), std::move(subrole), minimized};
-    };
-    EXPECT_EQ(
-        countWindows({element("AXWindow", "AXStandardWindow", false),
-                      element("AXWindow", "AXStandardWindow", std::nullopt), element("AXWindow", "AXDialog", true)}),
-        3);
-    EXPECT_EQ(
-        countWindows({element("AXWindow", "AXDialog", false), element("AXWindow", std::nullopt, std::nullopt),
-                      element(std::nullopt, "AXStandardWindow", true), element("AXSheet", "AXStandardWindow", true)}),
-        0);
-}
-
-TEST_F(AMonitor, ReportsItsFailureOnceThoughItLogsEach) {
-    log.expectError("copy windows -> cannotComplete (-25204) for org.example.A; requesting recreate");
-    auto& app = desktop.launch("org.example.A", "A");
-    app.openWindow();
-    const auto monitor = make(app);
-    app.accessibility.failReads(AXError::cannotComplete);
-    EXPECT_EQ(monitor->currentWindowCount(), std::nullopt);
-    EXPECT_EQ(monitor->currentWindowCount(), std::nullopt);
-    EXPECT_EQ(failures, 1);
-    EXPECT_EQ(log.count("cannotComplete (-25204)"), 2U);
-    EXPECT_EQ(monitor->lastCount(), 1);
 }
 
 TEST_F(AMonitor, ReadsAMissingValueAsZeroAndKeepsItsCountWithoutOne) {

@@ -1,7 +1,6 @@
 #include "Scenarios/EngineScenario.h"
 
 #include <memory>
-#include <set>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -101,29 +100,6 @@ TEST_F(Notifier, AProcessIdTakenOverAtOnceCountsAsAlive) {
     EXPECT_TRUE(log.contains("Editor (pid "));
 }
 
-TEST_F(Notifier, EachPathHasItsWords) {
-    start();
-    const std::vector<std::pair<TerminationAudit::Path, const char*>> bodies{
-        {TerminationAudit::Path::lastWindow, "Its last window closed. Click Reopen if that wasn't what you wanted."},
-        {TerminationAudit::Path::hidden, "You set it to quit when hidden. Click Reopen to bring it back."},
-        {TerminationAudit::Path::idle, "It sat idle past your limit. Click Reopen to bring it back."},
-        {TerminationAudit::Path::quitAll, "Quit by Ambrel."},
-        {TerminationAudit::Path::manual, "Quit by Ambrel."},
-    };
-    std::set<std::string> identifiers;
-    for (const auto& [path, body] : bodies) {
-        tell(path);
-        EXPECT_EQ(shown().back().body, body);
-        identifiers.insert(shown().back().identifier);
-    }
-    EXPECT_EQ(identifiers.size(), bodies.size());
-    EXPECT_EQ(center().authorizationRequests, 1);
-    ASSERT_EQ(center().categories.size(), 1U);
-    EXPECT_EQ(shown().back().categoryIdentifier, center().categories[0].identifier);
-    EXPECT_EQ(center().categories[0].actions.at(0).identifier, "AMBREL_REOPEN");
-    EXPECT_EQ(center().categories[0].actions.at(0).title, "Reopen");
-}
-
 TEST_F(Notifier, OnlyReopenAndAClickOnItReopen) {
     start();
     struct Case {
@@ -147,26 +123,18 @@ TEST_F(Notifier, OnlyReopenAndAClickOnItReopen) {
     }
 }
 
-TEST_F(Notifier, TurnedOffItDoesNotEvenLook) {
-    house().settings.notifyOnQuit.set(false);
+TEST_F(Notifier, TurnedOffOrInABareBinaryItDoesNotEvenLook) {
     start();
+    house().settings.notifyOnQuit.set(false);
     requestQuit(Refuses{});
     desktop.advance(60);
-    tell(TerminationAudit::Path::idle);
-    EXPECT_THAT(shown(), IsEmpty());
-    EXPECT_THAT(notifyLines(), IsEmpty());
-    EXPECT_EQ(center().authorizationRequests, 0);
-}
-
-TEST_F(Notifier, ABareBinaryHasNoNotifications) {
+    house().settings.notifyOnQuit.set(true);
     desktop.bundle().url = home.path();
-    start();
     house().notifier.configure();
-    requestQuit();
+    requestQuit(Quits{}, "org.example.Player");
     desktop.advance(60);
     EXPECT_THAT(notifyLines(), IsEmpty());
     EXPECT_EQ(center().authorizationRequests, 0);
-
     // Nothing was settled by that.
     desktop.bundle().url = home.path() / "Ambrel.app";
     house().notifier.configure();

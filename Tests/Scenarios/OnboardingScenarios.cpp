@@ -1,7 +1,6 @@
 #include "Engine/AccessibilityGate.h"
 #include "Models/OnboardingModel.h"
 #include "Scenarios/EngineScenario.h"
-#include "UI/Onboarding/Onboarding.h"
 
 #include <algorithm>
 
@@ -35,23 +34,6 @@ private:
     Subscription announcement_;
 };
 
-TEST_F(FirstSteps, WaitForThePermissionAndThenShowTheEngineAtWork) {
-    begin(false);
-    EXPECT_EQ(model->state.get(), OnboardingState::welcome);
-    model->getStarted();
-    EXPECT_EQ(model->state.get(), OnboardingState::waitingForPermission);
-    EXPECT_EQ(desktop.accessibility().prompts, 1);
-    desktop.advance(2.5);
-    desktop.accessibility().setTrusted(true);
-    desktop.advance(0.4);
-    EXPECT_EQ(model->state.get(), OnboardingState::waitingForPermission) << "asked once a second";
-    desktop.advance(0.1);
-    EXPECT_EQ(model->state.get(), OnboardingState::demo);
-    EXPECT_TRUE(log.contains("engine started"));
-    desktop.advance(10);
-    EXPECT_EQ(settingsOpened(), 0U) << "the permission came in time";
-}
-
 TEST_F(FirstSteps, OpenTheSettingsOnceWhereThePermissionIsLongInComing) {
     begin(false);
     model->getStarted();
@@ -71,16 +53,6 @@ TEST_F(FirstSteps, OpenTheSettingsOnceWhereThePermissionIsLongInComing) {
     desktop.accessibility().setTrusted(true);
     desktop.advance(1);
     EXPECT_EQ(model->state.get(), OnboardingState::demo) << "nobody waited any more";
-}
-
-TEST_F(FirstSteps, APermissionThatComesBeforeItIsAskedForChangesNothing) {
-    begin(false);
-    desktop.accessibility().setTrusted(true);
-    desktop.advance(5);
-    EXPECT_EQ(model->state.get(), OnboardingState::welcome);
-    model->getStarted();
-    desktop.advance(1);
-    EXPECT_EQ(model->state.get(), OnboardingState::demo);
 }
 
 TEST_F(FirstSteps, TheDemoIsTheEngineQuittingTheEditor) {
@@ -131,26 +103,6 @@ TEST_F(FirstSteps, AnEditorThatRunsAlreadyIsWatchedAndOneThatHasEndedIsNot) {
     editor.crash();
     desktop.settle();
     EXPECT_EQ(model->demo.get(), DemoCardState::completed) << "however it ended";
-}
-
-TEST_F(FirstSteps, AreOverOnceDoneHasBeenSaid) {
-    begin(true);
-    int finished = 0;
-    model->onFinish = [&] {
-        ++finished;
-        Onboarding::markCompleted(desktop.userDefaults());
-        model->teardown();
-        model.reset(); // as its window goes
-    };
-    std::vector<OnboardingState> states;
-    const auto subscription = model->state.subscribe([&](OnboardingState state) { states.push_back(state); });
-    EXPECT_FALSE(Onboarding::isCompleted(desktop.userDefaults()));
-    model->done();
-    EXPECT_EQ(finished, 1);
-    EXPECT_THAT(states, ElementsAre(OnboardingState::demo, OnboardingState::completing));
-    EXPECT_TRUE(Onboarding::isCompleted(desktop.userDefaults()));
-    launchEditor().crash();
-    desktop.advance(10);
 }
 
 TEST_F(FirstSteps, NothingIsWaitedForAfterAnEarlyEnd) {

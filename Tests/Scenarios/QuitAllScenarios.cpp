@@ -93,7 +93,7 @@ TEST_F(QuitEverything, CountsWhatTheGuardRefuses) {
     EXPECT_THAT(decisions(), ElementsAre("quit-all skipped(dev-mode) Plain", "quit-all terminated TextEdit"));
 }
 
-TEST_F(QuitEverything, TheHotKeyQuitsOrAsksFirst) {
+TEST_F(QuitEverything, TheHotKeyQuitsOrAsksFirstIfItIsOn) {
     completeOnboarding();
     const auto pid = launchApp("org.example.Plain");
     launch();
@@ -107,17 +107,6 @@ TEST_F(QuitEverything, TheHotKeyQuitsOrAsksFirst) {
     EXPECT_THAT(terminated(), IsEmpty());
     desktop.hotKeyCenter().press(theHotKey);
     EXPECT_THAT(terminated(), ElementsAre(pid));
-}
-
-TEST_F(QuitEverything, TheHotKeyIsNotTakenWithTheSettingOff) {
-    completeOnboarding();
-    house().settings.quitAllHotKeyEnabled.set(false);
-    launch();
-    EXPECT_EQ(desktop.hotKeyCenter().registrations(), 0);
-    EXPECT_THAT(log.texts("hotkey"), IsEmpty());
-    hotKeys.registerHotKey(theHotKey.keyCode, theHotKey.carbonModifiers); // the toggle turns it on
-    desktop.hotKeyCenter().press(theHotKey);
-    EXPECT_TRUE(log.contains("Quit All: requested quit of 0 apps"));
 }
 
 TEST_F(QuitEverything, TheHotKeyIsHeldOnceAndAFailureLeavesItFree) {

@@ -60,39 +60,6 @@ TEST_F(RunningApps, TheSearchLooksAtNamesAndIdentifiers) {
     EXPECT_THAT(found("nothing"), IsEmpty());
 }
 
-TEST_F(RunningApps, AQuitIsRecordedAndTheListFollows) {
-    auto& editor = launchApp("Editor");
-    auto& nameless = desktop.launch(std::nullopt, "Nameless");
-    nameless.terminateAnswer = simulated::Refuses{};
-    model().toggleSelected(editor.processIdentifier());
-    log.clear();
-    model().quit(editor, false);
-    model().quit(nameless, true);
-    EXPECT_THAT(engineLines(), ElementsAre("running-apps quit org.example.Editor", "running-apps force-quit ?"));
-    EXPECT_THAT(decisions(), ElementsAre("manual terminated Editor", "manual force-terminated Nameless"));
-    desktop.advance(0.39);
-    EXPECT_EQ(model().apps.get().size(), 2U);
-    desktop.advance(0.01);
-    EXPECT_THAT(model().apps.get(), IsEmpty());
-    EXPECT_THAT(model().selected.get(), IsEmpty());
-}
-
-TEST_F(RunningApps, WhatIsSelectedIsQuitThoughASearchHidesIt) {
-    const auto editor = launchApp("Editor").processIdentifier();
-    const auto writer = launchApp("Writer").processIdentifier();
-    launchApp("Player");
-    for (const auto pid : {editor, writer, editor, editor}) {
-        model().toggleSelected(pid);
-    }
-    model().query.set("player");
-    model().quitSelected();
-    EXPECT_THAT(terminated(), ElementsAre(editor, writer));
-    EXPECT_THAT(model().selected.get(), IsEmpty());
-    desktop.advance(1);
-    model().query.set("");
-    EXPECT_THAT(names(model().filtered()), ElementsAre("Player"));
-}
-
 TEST_F(RunningApps, WhatTheGuardRefusesEndsThere) {
     desktop.environment().set("AMBREL_SHADOW_MODE", "1");
     auto& editor = launchApp("Editor");

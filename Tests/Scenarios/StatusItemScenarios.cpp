@@ -32,43 +32,22 @@ protected:
 };
 
 TEST_F(StatusItemScenario, IsInstalledOnceAndSaysHowItLooks) {
-    struct Case {
-        bool paused, hidden;
-        IconPicture paint;
-        std::vector<std::string> lines;
-    };
-    const std::string loaded = "status item installed — icon loaded 1x1 template=true, buttonWidth=22";
-    for (const auto& each : {
-             Case{false, false, plain(0), {"menu bar icon visible", loaded}},
-             Case{true, false, plain(200), {"menu bar icon visible", loaded}},
-             Case{true, true, plain(200), {"menu bar icon hidden", loaded}},
-         }) {
-        pause(each.paused);
-        house().settings.hideMenuBarIcon.set(each.hidden);
-        log.clear();
-        install();
-        EXPECT_EQ(log.texts("ui"), each.lines);
-        EXPECT_EQ(item().picture(), each.paint);
-        EXPECT_EQ(item().isVisible(), !each.hidden);
-        const auto first = desktop.statusBar().item;
-        install();
-        EXPECT_EQ(desktop.statusBar().item, first);
-        pause(each.paused);
-        EXPECT_EQ(log.texts("ui"), each.lines) << "one subscription each";
-        forgetStatusItem();
-    }
-    EXPECT_THAT(desktop.statusBar().made, ElementsAre("ambrel: Ambrel", "ambrel: Ambrel", "ambrel: Ambrel"));
-}
-
-TEST_F(StatusItemScenario, WithoutArtworkItIsBlankAndSaysSo) {
-    icons = {};
-    install();
-    EXPECT_THAT(log.texts("ui"),
-                ElementsAre("menu bar icon visible",
-                            "status item installed — icon NIL (menu bar will be blank), buttonWidth=22"));
     pause(true);
-    desktop.advance(1);
-    EXPECT_THAT(item().picture(), IsEmpty());
+    house().settings.hideMenuBarIcon.set(true);
+    log.clear();
+    install();
+    const auto first = desktop.statusBar().item;
+    install();
+    pause(true);
+    EXPECT_EQ(desktop.statusBar().item, first);
+    EXPECT_THAT(log.texts("ui"), ElementsAre("menu bar icon hidden",
+                                             "status item installed — icon loaded 1x1 template=true, buttonWidth=22"))
+        << "one subscription each";
+    EXPECT_EQ(item().picture(), plain(200));
+    EXPECT_FALSE(item().isVisible());
+    house().settings.hideMenuBarIcon.set(false);
+    EXPECT_TRUE(item().isVisible());
+    EXPECT_EQ(item().picture(), plain(200));
 }
 
 TEST_F(StatusItemScenario, TheBuiltIconsAreDrawnAndToldApart) {
@@ -86,57 +65,23 @@ TEST_F(StatusItemScenario, TheBuiltIconsAreDrawnAndToldApart) {
     EXPECT_NE(built.active, built.paused);
 }
 
-TEST_F(StatusItemScenario, AChangeFadesAndThenRests) {
+TEST_F(StatusItemScenario, AChangeFadesAndThenRestsAlsoWhenItIsTurnedRound) {
     pause(true);
     install();
     EXPECT_THAT(item().film, ::testing::Each(plain(200))) << "no fade at the start";
     pause(false);
-    EXPECT_EQ(shade(), 200);
-    desktop.advance(0.12);
-    EXPECT_NEAR(shade(), 100, 20);
-    const auto film = item().film;
-    EXPECT_TRUE(std::is_sorted(film.rbegin(), film.rend(), [](const auto& one, const auto& other) {
-        return one.front().coverage < other.front().coverage;
-    }));
-    desktop.advance(0.12);
-    EXPECT_EQ(item().picture(), plain(0));
-    const auto frames = item().film.size();
-    EXPECT_NEAR(static_cast<double>(frames), 16, 3);
-    desktop.advance(60);
-    EXPECT_EQ(item().film.size(), frames);
-}
-
-TEST_F(StatusItemScenario, AFadeThatIsTurnedRoundGoesBackFromWhereItIs) {
-    install();
-    pause(true);
     desktop.advance(0.12);
     const int middle = shade();
-    pause(false);
+    EXPECT_NEAR(middle, 100, 20);
+    pause(true);
     EXPECT_EQ(shade(), middle);
     desktop.advance(0.05);
-    EXPECT_LT(shade(), middle);
+    EXPECT_GT(shade(), middle);
     desktop.advance(0.2);
-    EXPECT_EQ(item().picture(), plain(0));
-}
-
-TEST_F(StatusItemScenario, IsHiddenAndShownAndKeepsItsPictureMeanwhile) {
-    house().settings.hideMenuBarIcon.set(true);
-    install();
-    pause(true);
-    desktop.advance(1);
-    house().settings.hideMenuBarIcon.set(false);
-    EXPECT_TRUE(item().isVisible());
     EXPECT_EQ(item().picture(), plain(200));
-    EXPECT_EQ(log.texts("ui").back(), "menu bar icon visible");
-}
-
-TEST_F(StatusItemScenario, AClickTogglesTheDropdownUnderTheItem) {
-    install();
-    item().click();
-    ASSERT_TRUE(windows.isDropdownVisible());
-    EXPECT_EQ(windows.shownAt, item().spot.button);
-    item().click();
-    EXPECT_FALSE(windows.isDropdownVisible());
+    const auto frames = item().film.size();
+    desktop.advance(60);
+    EXPECT_EQ(item().film.size(), frames);
 }
 
 TEST_F(StatusItemScenario, TheRowsOfTheDropdownAndTheEntriesOfTheMenuDoTheSame) {
@@ -180,20 +125,13 @@ TEST_F(StatusItemScenario, TheRowsOfTheDropdownAndTheEntriesOfTheMenuDoTheSame) 
 
 TEST_F(StatusItemScenario, QuitAllGlowsInTheAccentAndFadesAgain) {
     install();
-    const auto pid = launchApp();
     statusItem().quitAllAction();
-    EXPECT_THAT(terminated(), ElementsAre(pid));
     desktop.advance(0.101);
-    EXPECT_NEAR(glow(), 0.5, 0.1);
-    desktop.advance(0.1);
-    EXPECT_EQ(item().tint(), (IconTint{.red = 229, .green = 72, .blue = 77, .amount = 1}));
-    desktop.advance(0.1);
-    EXPECT_NEAR(glow(), 0.5, 0.1);
     statusItem().pulse(); // takes over where the last one is
     desktop.advance(0.02);
     EXPECT_GT(glow(), 0.5);
     desktop.advance(0.181);
-    EXPECT_EQ(glow(), 1);
+    EXPECT_EQ(item().tint(), (IconTint{.red = 229, .green = 72, .blue = 77, .amount = 1}));
     desktop.advance(0.201);
     EXPECT_EQ(item().tint(), std::nullopt);
     const auto frames = item().tints.size();
@@ -201,47 +139,26 @@ TEST_F(StatusItemScenario, QuitAllGlowsInTheAccentAndFadesAgain) {
     EXPECT_EQ(item().tints.size(), frames);
 }
 
-TEST_F(StatusItemScenario, AsksBeforeQuitAllWhereTheUserWantsThat) {
-    for (const bool confirms : {false, true}) {
-        desktop.statusBar().item.reset();
-        forgetStatusItem();
-        install();
-        house().settings.confirmBeforeQuitAll.set(true);
-        const auto pid = launchApp();
-        statusItem().quitAllAction();
-        launchApp(); // comes too late to be counted
-        EXPECT_FALSE(windows.question);
-        desktop.settle();
-        ASSERT_TRUE(windows.question);
-        EXPECT_EQ(windows.question->count, 1);
-        EXPECT_FALSE(windows.question->force);
-        EXPECT_EQ(windows.shownAt, item().spot.button);
-        EXPECT_THAT(terminated(), IsEmpty());
-        confirms ? windows.question->onConfirm() : windows.question->onCancel();
-        desktop.advance(0.1);
-        EXPECT_EQ(glow() > 0, confirms);
-        if (confirms) {
-            EXPECT_EQ(terminated().front(), pid);
-        } else {
-            EXPECT_THAT(terminated(), IsEmpty());
-            for (const auto& app : desktop.workspace().runningApplications()) {
-                app->forceTerminate();
-            }
-            desktop.settle();
-        }
-        windows.question.reset();
-    }
-}
-
-TEST_F(StatusItemScenario, AHiddenItemIsNoReasonNotToAsk) {
-    house().settings.hideMenuBarIcon.set(true);
+TEST_F(StatusItemScenario, AsksBeforeQuitAllWhereTheUserWantsThatAlsoWithAHiddenItem) {
     house().settings.confirmBeforeQuitAll.set(true);
+    house().settings.hideMenuBarIcon.set(true);
     install();
-    launchApp();
+    const auto pid = launchApp();
     statusItem().quitAllAction();
+    launchApp(); // comes too late to be counted
     desktop.settle();
-    EXPECT_TRUE(windows.question);
+    ASSERT_TRUE(windows.question);
+    EXPECT_EQ(windows.question->count, 1);
+    EXPECT_FALSE(windows.question->force);
+    EXPECT_EQ(windows.shownAt, item().spot.button);
+    windows.question->onCancel();
+    desktop.advance(0.1);
     EXPECT_THAT(terminated(), IsEmpty());
+    EXPECT_EQ(glow(), 0);
+    windows.question->onConfirm();
+    desktop.advance(0.1);
+    EXPECT_EQ(terminated().front(), pid);
+    EXPECT_GT(glow(), 0);
 }
 
 TEST_F(StatusItemScenario, WithoutAnItemQuitAllRunsWithoutAsking) {

@@ -44,13 +44,6 @@ TEST_F(Trust, NamesTheGravestCondition) {
     EXPECT_EQ(reason(), "locked+screens-asleep");
     session().sessionDidResignActive.emit();
     EXPECT_EQ(reason(), "session-inactive");
-    session().screensDidWake.emit();
-    session().sessionDidBecomeActive.emit();
-    EXPECT_EQ(reason(), "screen-locked");
-    session().screenIsUnlocked.emit();
-    EXPECT_EQ(reason(), "trusted");
-    EXPECT_EQ(log.count("login session resigned active (fast user switch) — last-window quits SUSPENDED"), 1U);
-    EXPECT_EQ(log.count("login session became active — last-window quits SUSPENDED"), 1U);
 }
 
 /// What the session says when the program starts.
@@ -129,18 +122,6 @@ TEST_F(Trust, ALockDuringEitherWaitStopsTheQuit) {
     }
     EXPECT_THAT(terminated(), IsEmpty());
     EXPECT_EQ(decisions().size(), 2U);
-}
-
-TEST_F(Trust, ABriefLockDuringTheWaitCancelsTheQuit) {
-    start();
-    house().settings.quitDelay.set(5);
-    auto& app = launchWithWindow();
-    app.closeWindows();
-    desktop.advance(1);
-    session().screenIsLocked.emit();
-    session().screenIsUnlocked.emit();
-    desktop.advance(60);
-    EXPECT_THAT(terminated(), IsEmpty());
 }
 
 TEST_F(Trust, AMachineThatWakesToALockScreenRebuildsTwice) {

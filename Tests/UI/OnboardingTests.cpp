@@ -52,28 +52,24 @@ TEST_F(OnboardingWindow, TheDemoFollowsTheTextEditor) {
 }
 
 TEST_F(OnboardingWindow, EveryWayOutCompletesItOnce) {
-    const std::vector<std::pair<std::string, std::function<void()>>> ways{{"Set Up Later",
-                                                                           [this] {
-                                                                               click("Set Up Later");
-                                                                           }},
-                                                                          {"Escape",
-                                                                           [this] {
-                                                                               press(Qt::Key_Escape);
-                                                                           }},
-                                                                          {"close button", [this] {
-                                                                               window()->close();
-                                                                           }}};
-    for (const auto& [name, leave] : ways) {
+    const auto escape = [this] {
+        press(Qt::Key_Escape);
+    };
+    const auto close = [this] {
+        window()->close();
+    };
+    const std::vector<std::function<void()>> ways{[this] { click("Set Up Later"); }, escape, close};
+    for (const auto& leave : ways) {
         finished = 0;
         present(false);
-        ASSERT_TRUE(shows("Welcome to Ambrel")) << name;
-        EXPECT_EQ(desktop.application().policy, ActivationPolicy::regular) << name;
+        ASSERT_TRUE(shows("Welcome to Ambrel"));
+        EXPECT_EQ(desktop.application().policy, ActivationPolicy::regular);
         leave();
-        EXPECT_EQ(finished, 1) << name;
-        EXPECT_TRUE(isCompleted()) << name;
-        EXPECT_EQ(desktop.application().policy, ActivationPolicy::accessory) << name;
-        EXPECT_TRUE(eventually([this] { return window() == nullptr; })) << name;
-        EXPECT_EQ(finished, 1) << name;
+        EXPECT_EQ(finished, 1);
+        EXPECT_TRUE(isCompleted());
+        EXPECT_EQ(desktop.application().policy, ActivationPolicy::accessory);
+        EXPECT_TRUE(eventually([this] { return window() == nullptr; }));
+        EXPECT_EQ(finished, 1);
     }
     EXPECT_EQ(log.count("onboarding closed by user — treating as Set Up Later"), 1U);
     EXPECT_EQ(log.count("onboarding dismissed"), ways.size());

@@ -7,7 +7,6 @@ namespace ambrel {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 class RunningAppsWindow : public ViewTest {
 protected:
@@ -28,20 +27,6 @@ protected:
         QCoreApplication::processEvents();
     }
 };
-
-TEST_F(RunningAppsWindow, ListsAndCountsWhatTheSearchLetsThrough) {
-    launchApp("Editor");
-    launchApp("Writer");
-    open();
-    EXPECT_EQ(window()->title(), "Running Apps");
-    EXPECT_TRUE(shows("2 running"));
-    type("wri");
-    EXPECT_TRUE(shows("1 running"));
-    EXPECT_TRUE(shows("Writer"));
-    EXPECT_TRUE(eventually([this] { return !shows("Editor"); }));
-    click("Clear");
-    EXPECT_TRUE(eventually([this] { return shows("Editor"); }));
-}
 
 TEST_F(RunningAppsWindow, QuitsWhatIsChosenAlsoWhereTheSearchHidesIt) {
     const auto editor = launchApp("Editor").processIdentifier();

@@ -36,9 +36,6 @@ TEST_F(SettingsWindow, ChangesItsFormAboutItsCentreAndRemembersIt) {
     click("Hide Advanced");
     ASSERT_TRUE(eventually([this] { return lines().size() == 3; }));
     EXPECT_EQ(window()->size(), QSize(480, 360));
-    EXPECT_THAT(lines(),
-                testing::ElementsAre("settings window -> simple 480x360", "settings window -> advanced 720x620",
-                                     "settings window -> simple 480x360"));
 }
 
 TEST_F(SettingsWindow, OpensInTheFormItWasLeftIn) {
@@ -49,18 +46,6 @@ TEST_F(SettingsWindow, OpensInTheFormItWasLeftIn) {
     EXPECT_FALSE(shows("Advanced…")) << "the other form was built first";
     press(Qt::Key_Down);
     EXPECT_TRUE(element("App Rules")->state().selected) << "the keyboard begins in the list of tabs";
-}
-
-TEST_F(SettingsWindow, HasAPlaceInTheTaskBarWhileItIsOpen) {
-    for (const bool showDockIcon : {false, true}) {
-        house().settings.showDockIcon.set(showDockIcon);
-        windows().showSettings();
-        EXPECT_EQ(desktop.application().policy, ActivationPolicy::regular);
-        EXPECT_TRUE(windows().hasVisibleTitledWindow());
-        window()->close();
-        EXPECT_EQ(desktop.application().policy == ActivationPolicy::regular, showDockIcon);
-        EXPECT_FALSE(windows().hasVisibleTitledWindow());
-    }
 }
 
 TEST_F(SettingsWindow, IsLetGoOfSomeTimeAfterItHasClosedAndNotBefore) {
