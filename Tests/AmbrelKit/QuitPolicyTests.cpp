@@ -7,10 +7,6 @@ namespace {
 
 using P = QuitPolicy;
 
-P::CountChangeState closed() {
-    return {0, 0, true, false, false, false};
-}
-
 P::FireTimeState ready() {
     return {false, false, false, true, true, true, std::nullopt, false, false, true, 0};
 }
@@ -30,17 +26,6 @@ TEST(OnCountChange, FirstTestThatHoldsIsTheAnswer) {
     EXPECT_EQ(P::onCountChange(all), P::CountChangeAction(P::Ignore{P::UntrustedSystemState{"locked"}}));
     all.untrustedReason.reset();
     EXPECT_EQ(P::onCountChange(all), P::CountChangeAction(P::Schedule{}));
-}
-
-TEST(OnCountChange, ThresholdDecidesWhatCountsAsClosed) {
-    auto state = closed();
-    state.count = 1;
-    EXPECT_EQ(P::onCountChange(state), P::CountChangeAction(P::CancelPending{}));
-    state.threshold = P::threshold(false);
-    EXPECT_EQ(P::onCountChange(state), P::CountChangeAction(P::Schedule{}));
-    state.count = 0;
-    EXPECT_EQ(P::onCountChange(state), P::CountChangeAction(P::Schedule{}));
-    EXPECT_EQ(P::threshold(true), 0);
 }
 
 /// Runs validateFire and notes which callables it asked, in order.
@@ -102,12 +87,6 @@ TEST(ValidateFire, AWindowReadMustSucceedAndTheWindowServerOnlyVetoes) {
     const Fire left(one, true, 1, 7);
     EXPECT_EQ(left.result, P::ValidationResult(P::Proceed{}));
     EXPECT_EQ(left.asked, "ga") << "with a window left, the window server has no say";
-}
-
-TEST(CGVetoRetry, FourReValidationsThenGivesUp) {
-    EXPECT_EQ(P::nextCGVetoRetry(0), P::CGVetoRetryAction(P::Retry{1, 2.0}));
-    EXPECT_EQ(P::nextCGVetoRetry(3), P::CGVetoRetryAction(P::Retry{4, 2.0}));
-    EXPECT_EQ(P::nextCGVetoRetry(4), P::CGVetoRetryAction(P::GiveUp{}));
 }
 
 } // namespace

@@ -152,18 +152,6 @@ TEST_F(FilesTest, CopiesThatSaveAtTheSameTimeTakeTurns) {
     EXPECT_EQ(second.kill(), -SIGKILL);
 }
 
-TEST_F(FilesTest, MovingNeverOverwrites) {
-    const auto other = folder.path() / "other";
-    writeText(file, "one");
-    writeText(other, "two");
-    EXPECT_EQ(codeOf(moveFile(file, other)), EEXIST);
-    EXPECT_EQ(textOf(file) + textOf(other), "onetwo");
-    fs::remove(other);
-    EXPECT_EQ(codeOf(moveFile(file, other)), 0);
-    EXPECT_FALSE(fs::exists(file));
-    EXPECT_EQ(textOf(other), "one");
-}
-
 TEST_F(FilesTest, MakesFoldersForTheirOwnerOnly) {
     const auto deep = folder.path() / "a/b/c";
     EXPECT_EQ(codeOf(createFolder(deep)), 0);

@@ -39,21 +39,5 @@ TEST(SerialQueue, DrainWaitsForWorkThatRunsAndForWorkThatItQueues) {
     EXPECT_TRUE(finished);
 }
 
-TEST(SerialQueue, ManyThreadsMaySubmit) {
-    SerialQueue queue("test");
-    int sum = 0;
-    const auto submit = [&] {
-        for (int n = 0; n < 250; ++n) {
-            queue.async([&sum] { ++sum; });
-        }
-    };
-    std::thread threads[] = {std::thread(submit), std::thread(submit), std::thread(submit), std::thread(submit)};
-    for (auto& thread : threads) {
-        thread.join();
-    }
-    queue.drain();
-    EXPECT_EQ(sum, 1000);
-}
-
 } // namespace
 } // namespace ambrel

@@ -9,8 +9,6 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include <sys/stat.h>
-
 namespace ambrel {
 namespace {
 
@@ -107,30 +105,6 @@ TEST(QuitEventTest, ReadsOnlyTheLastBytesOfAFile) {
         const auto last = lineOf("last");
         writeText(file, before + first + filler(size - first.size() - last.size()) + last);
         EXPECT_EQ(names(QuitEvent::loadRecent(file, 10)), expected) << what;
-    }
-}
-
-TEST(QuitEventTest, AWindowThatBeginsInsideACharacterIsReadAll) {
-    const TemporaryFolder folder;
-    std::string text;
-    for (int line = 0; line < 10'000; ++line) {
-        text += lineOf("\u20ac\u20ac\u20ac" + std::to_string(line));
-    }
-    for (int cut = 0; cut < 4; ++cut) {
-        const auto padded = text + lineOf(std::string(static_cast<std::size_t>(cut), 'x'));
-        writeText(folder.path() / "log", padded);
-        const auto tail = std::string_view(padded).substr(padded.size() - window);
-        const auto lines = std::count(tail.begin(), tail.end(), '\n');
-        const auto count = static_cast<std::ptrdiff_t>(QuitEvent::loadRecent(folder.path() / "log", 100'000).size());
-        EXPECT_TRUE(count == lines || count == lines - 1) << count << " of " << lines;
-    }
-}
-
-TEST(QuitEventTest, WhatIsNoFileHasNoEvents) {
-    const TemporaryFolder folder;
-    ASSERT_EQ(::mkfifo((folder.path() / "pipe").c_str(), 0600), 0);
-    for (const auto& file : {folder.path(), folder.path() / "missing", folder.path() / "pipe", fs::path("/dev/zero")}) {
-        EXPECT_TRUE(QuitEvent::loadRecent(file, 10).empty()) << file;
     }
 }
 

@@ -76,55 +76,5 @@ TEST_F(AppRulesModelTests, AnApplicationIsAddedOnceAndSelected) {
     EXPECT_TRUE(model.selectedRule()->systemDefault) << "this is the one way to a locked rule";
 }
 
-TEST_F(AppRulesModelTests, AResetKeepsThePlaceAndTheName) {
-    AppRule rule("org.example.Mail", "Mail");
-    rule.idleBehavior = AppRule::IdleBehavior::quit;
-    rule.idleThresholdMinutes = 45;
-    rule.includedInQuitAll = false;
-    store.upsert(rule);
-    add("org.example.Zebra", "Zebra");
-    const auto place = store.rules().size() - 2;
-    model.selection.set("org.example.Mail");
-    model.resetToDefaults();
-
-    auto expected = AppRule("org.example.Mail", "Mail");
-    expected.id = store.rules()[place].id;
-    EXPECT_EQ(store.rules()[place], expected);
-    EXPECT_NE(expected.id, rule.id);
-}
-
-TEST_F(AppRulesModelTests, TheDefaultRuleTakesNeitherIdleNorHiding) {
-    auto rule = *model.selectedRule();
-    rule.idleBehavior = AppRule::IdleBehavior::quit;
-    rule.quitWhenHidden = true;
-    rule.quitOnLastWindowClose = false;
-    model.write(rule);
-    EXPECT_EQ(store.defaultRule().idleBehavior, AppRule::IdleBehavior::none);
-    EXPECT_FALSE(store.defaultRule().quitWhenHidden);
-    EXPECT_FALSE(store.defaultRule().quitOnLastWindowClose);
-    model.resetToDefaults();
-    EXPECT_TRUE(store.defaultRule().quitOnLastWindowClose);
-    EXPECT_NE(store.defaultRule().id, rule.id);
-}
-
-TEST_F(AppRulesModelTests, TheSelectionOutlivesASearchAndEndsWithItsRule) {
-    add("org.example.Mail", "Mail");
-    model.selection.set("org.example.Mail");
-    model.query.set("nothing like it");
-    EXPECT_EQ(model.selectedRule()->displayName, "Mail");
-    int changes = 0;
-    desktop.settle();
-    const auto subscription = model.didChange.subscribe([&] {
-        ++changes;
-        EXPECT_FALSE(store.explicitRule("org.example.Mail")) << "told before the change";
-    });
-    model.removeRule();
-    desktop.settle();
-    EXPECT_EQ(changes, 1);
-    EXPECT_TRUE(model.isDefaultSelected());
-    model.selection.set("org.example.Mail");
-    EXPECT_FALSE(model.selectedRule());
-}
-
 } // namespace
 } // namespace ambrel

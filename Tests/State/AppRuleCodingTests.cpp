@@ -38,11 +38,6 @@ TEST(AppRuleCodingTest, WritesAllMembersInOrderWithoutSpaces) {
               R"("idleThresholdMinutes":30,"includedInQuitAll":true,"systemDefault":false,"quitWhenHidden":false}})");
 }
 
-TEST(AppRuleCodingTest, ReadsBackWhatItWrote) {
-    const Persisted persisted{{unusualRule(), AppRule("b"), AppRule("b"), AppRule("a")}, AppRule("")};
-    EXPECT_EQ(decodePersisted(encode(persisted)), persisted);
-}
-
 TEST(AppRuleCodingTest, ABundleIdentifierIsEnough) {
     const auto rule = decodeRule(R"("bundleIdentifier":"org.example.App")");
     ASSERT_TRUE(rule);

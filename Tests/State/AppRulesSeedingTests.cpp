@@ -45,14 +45,6 @@ TEST_F(AppRulesSeedingTest, AFirstStartLocksTheSystemAndProtectsWhatIsInstalled)
                        "safety idle reset: no idle rules to clear (all already none)"}));
 }
 
-TEST_F(AppRulesSeedingTest, ASecondStartChangesNothing) {
-    desktop.workspace().install("com.bitwarden.desktop", "Bitwarden");
-    const auto first = startAndRead();
-    log.clear();
-    EXPECT_EQ(startAndRead(), first);
-    EXPECT_EQ(log.texts("rules"), Strings());
-}
-
 TEST_F(AppRulesSeedingTest, RulesThatAreThereStayAsTheyAre) {
     AppRule finder("com.apple.finder", "mine");
     AppRule bitwarden("com.bitwarden.desktop", "mine too");
@@ -105,16 +97,6 @@ TEST_F(AppRulesSeedingTest, IdleBehaviourIsClearedOnce) {
     }
     store.upsert(b);
     EXPECT_EQ(start().explicitRule("b"), b) << "chosen again";
-}
-
-TEST_F(AppRulesSeedingTest, WithoutTheSuiteAllMarksGoToTheStandardDefaults) {
-    desktop.userDefaults().failToOpen("app.ambrel.Ambrel");
-    desktop.workspace().install("com.bitwarden.desktop", "Bitwarden");
-    start();
-    const auto standard = desktop.userDefaults().standard();
-    EXPECT_TRUE(standard->boolForKey("rulesMigratedFromExcludeList"));
-    EXPECT_TRUE(standard->boolForKey("idleBehaviorResetForSafetyV1"));
-    EXPECT_EQ(standard->stringArrayForKey("protectionSeedsApplied"), Strings{"com.bitwarden.desktop"});
 }
 
 } // namespace

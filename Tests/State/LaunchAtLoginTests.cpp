@@ -56,12 +56,5 @@ TEST_F(LaunchAtLoginTests, AFailureIsToldAndLeavesWhatIs) {
     LaunchAtLogin::followProgram(item);
 }
 
-TEST_F(LaunchAtLoginTests, ARegistrationThatAwaitsApprovalReadsAsOff) {
-    item.afterRegistering = Status::requiresApproval;
-    LaunchAtLogin::setEnabled(item, true);
-    EXPECT_TRUE(log.contains("launch at login -> true"));
-    EXPECT_FALSE(LaunchAtLogin::isEnabled(item));
-}
-
 } // namespace
 } // namespace ambrel

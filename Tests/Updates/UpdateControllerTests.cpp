@@ -32,14 +32,9 @@ TEST_F(UpdateControllerTests, ABundleStartsTheUpdaterAndMirrorsIt) {
 }
 
 TEST_F(UpdateControllerTests, ABareBinaryHasNoUpdates) {
-    struct Case {
-        const char* folder;
-        bool supported;
-    };
-    for (const auto& each : {Case{"/opt/Ambrel.app", true}, Case{"/x/y.app", true}, Case{"/usr/bin", false},
-                             Case{"/opt/Ambrel.app/bin", false}, Case{"/opt/Ambrel.APP", false}}) {
-        desktop.bundle().url = each.folder;
-        EXPECT_EQ(UpdateController(desktop).updaterSupported, each.supported) << each.folder;
+    for (const char* folder : {"/usr/bin", "/opt/Ambrel.app/bin"}) {
+        desktop.bundle().url = folder;
+        EXPECT_FALSE(UpdateController(desktop).updaterSupported) << folder;
     }
     updater.starts = 0;
     log.clear();
