@@ -34,14 +34,13 @@ void letThrough(QQuickView& view) {
 }
 
 void paintBackground(QQuickView& view, bool isGlass) {
-    const auto& appearance = ABAppearance::shared();
-    const auto paint = [&view, &appearance, isGlass] {
+    const auto paint = [&view, isGlass] {
         QColor colour = ABColor::windowBg();
         colour.setAlpha(isGlass ? alphaOfGlass : 255);
         view.setColor(colour);
     };
     paint();
-    QObject::connect(&appearance, &ABAppearance::darkChanged, &view, paint);
+    QObject::connect(&ABAppearance::shared(), &ABAppearance::darkChanged, &view, paint);
 }
 
 void centre(QQuickView& view) {
