@@ -43,32 +43,44 @@ class ScreenReader:
 
     def named(self, name):
         pattern = name if isinstance(name, re.Pattern) else re.escape(name)
-        found = []
-        try:
-            found = [each for each in self.elements()
-                     if re.fullmatch(pattern, each.get_name() or "")
-                     and each.get_state_set().contains(Atspi.StateType.SHOWING)]
-        except GLib.Error:  # it went while it was looked at
-            pass
+        found = [each for each in self.elements()
+                 if re.fullmatch(pattern, each.get_name() or "") and self.has(each, Atspi.StateType.SHOWING)]
         found.sort(key=lambda each: each.get_role() == Atspi.Role.LABEL)
         return found[0] if found else None
 
+    @staticmethod
+    def has(element, state):
+        return element.get_state_set().contains(state)
+
+    @staticmethod
+    def wait_until(question, what):
+        """An element may go while it is asked about; it is then looked for anew."""
+        def ask():
+            try:
+                return question()
+            except GLib.Error:
+                return None
+        return wait_until(ask, what)
+
     def find(self, name):
-        return wait_until(lambda: self.named(name), f"{name!r} is on the screen")
+        return self.wait_until(lambda: self.named(name), f"{name!r} is on the screen")
 
     def wait_until_gone(self, name):
-        wait_until(lambda: not self.named(name), f"{name!r} is gone")
+        self.wait_until(lambda: not self.named(name), f"{name!r} is gone")
 
-    def is_checked(self, name):
-        return self.find(name).get_state_set().contains(Atspi.StateType.CHECKED)
+    def wait_until_checked(self, name):
+        def is_checked():
+            element = self.named(name)
+            return element and self.has(element, Atspi.StateType.CHECKED)
+        self.wait_until(is_checked, f"{name!r} is checked")
 
     def reach(self, name):
         """Goes there by the keyboard, which brings it into sight."""
         def has_the_keyboard():
             press("Tab")
             element = self.named(name)
-            return element and element.get_state_set().contains(Atspi.StateType.FOCUSED)
-        wait_until(has_the_keyboard, f"{name!r} has the keyboard")
+            return element and self.has(element, Atspi.StateType.FOCUSED)
+        self.wait_until(has_the_keyboard, f"{name!r} has the keyboard")
 
     def click(self, name):
         """In the middle of it, once it has come to rest."""
@@ -79,6 +91,6 @@ class ScreenReader:
             element = self.named(name)
             before, place = place, element and element.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
             return place and before and (before.x, before.y) == (place.x, place.y)
-        wait_until(rests, f"{name!r} is at rest on the screen")
+        self.wait_until(rests, f"{name!r} is at rest on the screen")
         subprocess.run(["xdotool", "mousemove", str(place.x + place.width // 2), str(place.y + place.height // 2),
                         "click", "1"], check=True)

@@ -151,11 +151,11 @@ class NewUser(TrayIconTest):
         self.assertEqual(0, self.ambrel.wait_for_end())
         self.start_as_left()
         self.open_dropdown()
-        self.assertFalse(self.screen_says.named("You're set"))
+        self.screen_says.wait_until_gone("You're set")
         self.screen_says.click("Settings…")
         self.screen_says.click("App Rules")
         self.screen_says.click(TERMINAL_NAME)
-        self.assertTrue(self.screen_says.is_checked("Quit when hidden"))
+        self.screen_says.wait_until_checked("Quit when hidden")
 
 
 if __name__ == "__main__":
