@@ -2,6 +2,7 @@
 
 #include "DesignSystem/ABAppearance.h"
 #include "DesignSystem/ABMotion.h"
+#include "DesignSystem/ABRenderConfig.h"
 
 #include <utility>
 
@@ -61,7 +62,8 @@ void ABSpring::setTarget(double target) {
     if (!isComplete_) {
         return;
     }
-    if (reduced && !fades_) {
+    // A picture may be drawn before time has passed.
+    if (ABRenderConfig::drawsPictures() || (reduced && !fades_)) {
         rest();
         return;
     }

@@ -35,6 +35,9 @@ FocusScope {
         back = leaving;
         front.sourceComponent = sourceComponent;
         fade.restart();
+        // A picture may be drawn before time has passed.
+        if (ABRenderConfig.drawsPictures)
+            fade.complete();
     }
 
     Loader {
