@@ -33,7 +33,7 @@ public:
 
     /// The rules that the search lets through, by name; never a locked one.
     [[nodiscard]] std::vector<AppRule> sortedRules() const;
-    /// The default row, which is never filtered, and one for each of the sorted rules.
+    /// The default row, which is never filtered and is named by its view, and one for each of the sorted rules.
     [[nodiscard]] std::vector<Row> rows() const;
 
     [[nodiscard]] bool isDefaultSelected() const { return selection.get() == defaultRow; }
