@@ -116,7 +116,7 @@ void AppDelegate::installHotKey() {
 void AppDelegate::takeRoad() {
     if (!Onboarding::isCompleted(platform_.userDefaults())) {
         neighbours_.windows().presentOnboarding(lifetime_.guard([this] { onboardingFinished(); }));
-    } else if (platform_.accessibility().isProcessTrusted()) {
+    } else if (platform_.windowList().isReadable()) {
         startEngine();
     } else {
         neighbours_.updates();
@@ -125,7 +125,7 @@ void AppDelegate::takeRoad() {
 }
 
 void AppDelegate::onboardingFinished() {
-    if (platform_.accessibility().isProcessTrusted()) {
+    if (platform_.windowList().isReadable()) {
         startEngine();
     } else {
         presentGate();
@@ -143,15 +143,15 @@ void AppDelegate::startEngine() {
 }
 
 void AppDelegate::presentGate() {
-    AccessibilityGate::promptForTrust(platform_.accessibility());
+    AccessibilityGate::promptForTrust(platform_.windowList());
     neighbours_.windows().presentGate({.openSettings = lifetime_.guard([this] {
-                                           AccessibilityGate::promptForTrust(platform_.accessibility());
+                                           AccessibilityGate::promptForTrust(platform_.windowList());
                                            platform_.workspace().openURL(AccessibilityGate::settingsLink);
                                        }),
                                        .onClose = lifetime_.guard([this] {
                                            log_.notice("gate closed by user — staying idle, still polling for a grant");
                                        })});
-    trustObserver_ = platform_.accessibility().trustDidChange.subscribe([this](bool) { scheduleGateCheck(); });
+    trustObserver_ = platform_.windowList().readableDidChange.subscribe([this](bool) { scheduleGateCheck(); });
     log_.notice("Accessibility not granted; gate presented, polling for grant");
 }
 
@@ -160,7 +160,7 @@ void AppDelegate::scheduleGateCheck() {
         gateCheck_->cancel();
     }
     gateCheck_ = platform_.mainQueue().asyncAfter(gateCheckDelay, lifetime_.guard([this] {
-        if (platform_.accessibility().isProcessTrusted()) {
+        if (platform_.windowList().isReadable()) {
             dismissGateAndStart();
         }
     }));

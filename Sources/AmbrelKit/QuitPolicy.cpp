@@ -26,6 +26,12 @@ QuitPolicy::CountChangeAction QuitPolicy::onCountChange(const CountChangeState& 
     if (state.untrustedReason) {
         return Ignore{UntrustedSystemState{*state.untrustedReason}};
     }
+    if (state.requestInFlight) {
+        return Ignore{RequestInFlight{}};
+    }
+    if (state.openDialogs > 0) {
+        return Ignore{DialogOpen{state.openDialogs}};
+    }
     return Schedule{};
 }
 
@@ -67,6 +73,12 @@ std::optional<QuitPolicy::AbortReason> beforeReading(const QuitPolicy::FireTimeS
     }
     if (!state.hasObservedAboveThreshold) {
         return QuitPolicy::NeverObservedAboveThreshold{};
+    }
+    if (state.requestInFlight) {
+        return QuitPolicy::RequestInFlight{};
+    }
+    if (state.openDialogs > 0) {
+        return QuitPolicy::DialogOpen{state.openDialogs};
     }
     return std::nullopt;
 }

@@ -22,6 +22,8 @@ struct QuitPolicy {
         bool appIsHidden;
         bool recentlyMinimized; ///< a minimise or application-hide happened less than 2 seconds ago
         std::optional<std::string> untrustedReason = std::nullopt; ///< absent when the window count can be trusted
+        std::ptrdiff_t openDialogs = 0;                            ///< on whatever workspace, of whatever size
+        bool requestInFlight = false; ///< it has been asked to quit a short time ago, by whatever path
     };
 
     /// The facts when a scheduled quit is about to fire.
@@ -37,6 +39,8 @@ struct QuitPolicy {
         bool recentlyMinimized;
         bool hasObservedAboveThreshold;
         std::ptrdiff_t threshold;
+        std::ptrdiff_t openDialogs = 0;
+        bool requestInFlight = false;
     };
 
     // A case without a payload is an empty record, so that cases compare by kind and payload alike.
@@ -56,6 +60,10 @@ struct QuitPolicy {
         std::ptrdiff_t cgWindows;
         bool operator==(const CGVeto&) const = default;
     };
+    struct DialogOpen {
+        std::ptrdiff_t dialogs;
+        bool operator==(const DialogOpen&) const = default;
+    };
     AMBREL_CASE(Paused);
     AMBREL_CASE(SelfApp);
     AMBREL_CASE(Excluded);
@@ -66,6 +74,7 @@ struct QuitPolicy {
     AMBREL_CASE(Hidden);
     AMBREL_CASE(RecentlyMinimized);
     AMBREL_CASE(NeverObservedAboveThreshold);
+    AMBREL_CASE(RequestInFlight);
     AMBREL_CASE(AXReadFailed);
     AMBREL_CASE(CancelPending);
     AMBREL_CASE(Schedule);
@@ -73,8 +82,8 @@ struct QuitPolicy {
     AMBREL_CASE(GiveUp);
 #undef AMBREL_CASE
 
-    using IgnoreReason =
-        std::variant<UntrustedSystemState, NeverObservedAboveThreshold, Paused, Hidden, RecentlyMinimized>;
+    using IgnoreReason = std::variant<UntrustedSystemState, NeverObservedAboveThreshold, Paused, Hidden,
+                                      RecentlyMinimized, RequestInFlight, DialogOpen>;
     struct Ignore {
         IgnoreReason reason;
         bool operator==(const Ignore&) const = default;
@@ -83,7 +92,7 @@ struct QuitPolicy {
 
     using AbortReason = std::variant<UntrustedSystemState, WindowsReopened, CGVeto, Paused, SelfApp, Excluded,
                                      NoMonitor, AppTerminated, DevGuardDenied, RuleDisabled, Hidden, RecentlyMinimized,
-                                     NeverObservedAboveThreshold, AXReadFailed>;
+                                     NeverObservedAboveThreshold, AXReadFailed, RequestInFlight, DialogOpen>;
     struct Abort {
         AbortReason reason;
         bool operator==(const Abort&) const = default;

@@ -19,8 +19,16 @@ RunningApplicationRef ContractTest::running(const SampleApplication& sample) con
     return workspace.runningApplication(sample.pid());
 }
 
-std::optional<std::vector<WindowElement>> ContractTest::windows(const SampleApplication& sample) const {
-    return accessibility.createApplication(sample.pid())->copyWindows().windows;
+std::optional<std::vector<ApplicationWindow>> ContractTest::windows(const SampleApplication& sample) const {
+    const auto reading = windowList.reading(sample.pid());
+    const auto* const read = std::get_if<std::vector<ApplicationWindow>>(&reading);
+    return read != nullptr ? std::optional(*read) : std::nullopt;
+}
+
+std::optional<QuitOutcome> ContractTest::terminate(RunningApplication& app, bool allows) {
+    const auto outcome = std::make_shared<std::optional<QuitOutcome>>();
+    app.terminate([allows] { return allows; }, [outcome](QuitOutcome known) { *outcome = known; });
+    return *outcome;
 }
 
 bool ContractTest::awaitWindows(const SampleApplication& sample, std::size_t count) {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Contract/DesktopDriver.h"
-#include "Platform/Accessibility.h"
 #include "Platform/Platform.h"
+#include "Platform/WindowList.h"
 #include "Platform/WindowServer.h"
 #include "Platform/Workspace.h"
 #include "Support/LoggedTest.h"
@@ -22,7 +22,9 @@ protected:
     [[nodiscard]] RunningApplicationRef running(const SampleApplication& sample) const;
 
     /// Absent when the read fails.
-    [[nodiscard]] std::optional<std::vector<WindowElement>> windows(const SampleApplication& sample) const;
+    [[nodiscard]] std::optional<std::vector<ApplicationWindow>> windows(const SampleApplication& sample) const;
+    /// Asks the application to quit; what became of it, if that is known already.
+    static std::optional<QuitOutcome> terminate(RunningApplication& app, bool allows = true);
     /// Waits until the sample's windows number `count`.
     [[nodiscard]] bool awaitWindows(const SampleApplication& sample, std::size_t count);
     [[nodiscard]] bool awaitFrontmost(const SampleApplication& sample);
@@ -34,7 +36,7 @@ protected:
     std::unique_ptr<DesktopDriver> driver = makeDesktopDriver();
     Platform& platform = driver->platform();
     Workspace& workspace = platform.workspace();
-    Accessibility& accessibility = platform.accessibility();
+    WindowList& windowList = platform.windowList();
 };
 
 /// The workspace's events in the order they came.

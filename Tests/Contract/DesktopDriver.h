@@ -56,7 +56,7 @@ public:
     virtual void settle() = 0;
 
     /// Takes away, or gives back, what makes other applications' windows visible to the platform.
-    virtual void setTrusted(bool trusted) = 0;
+    virtual void setReadable(bool readable) = 0;
     // By what the platform listens to.
     virtual void lockScreen(bool locked) = 0;
     virtual void darkenDisplays(bool dark) = 0;

@@ -59,7 +59,7 @@ public:
         return held;
     }
     void settle() override { desktop_.advance(1); }
-    void setTrusted(bool trusted) override { desktop_.accessibility().setTrusted(trusted); }
+    void setReadable(bool readable) override { desktop_.windowList().setReadable(readable); }
     void lockScreen(bool locked) override {
         auto& session = desktop_.session();
         session.facts->isScreenLocked = locked;

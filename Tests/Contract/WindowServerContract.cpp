@@ -1,5 +1,7 @@
 #include "Contract/ContractTest.h"
 
+#include <algorithm>
+
 namespace ambrel {
 namespace {
 
@@ -14,6 +16,12 @@ TEST_F(WindowServerContract, ListsWindowsThatAreOnTheScreenWithTheirOwner) {
     ASSERT_TRUE(info.bounds);
     EXPECT_GE(info.bounds->width, 64);
     EXPECT_GE(info.bounds->height, 64);
+    EXPECT_EQ(info.kind, WindowKind::standard);
+    sample->openDialog();
+    EXPECT_TRUE(driver->waitUntil([&] {
+        const auto all = onScreen(*sample);
+        return std::any_of(all.begin(), all.end(), [](const auto& each) { return each.kind == WindowKind::dialog; });
+    }));
 }
 
 TEST_F(WindowServerContract, LeavesOutWhatIsNotOnTheScreen) {

@@ -72,7 +72,7 @@ TEST_F(WorkspaceContract, AnEndedApplicationIsAnnouncedAndItsFactsStayReadable) 
     EXPECT_EQ(app->bundleIdentifier(), editor.bundleIdentifier);
     EXPECT_EQ(app->localizedName(), editor.name);
     EXPECT_TRUE(app->bundleURL());
-    EXPECT_FALSE(app->terminate());
+    EXPECT_EQ(terminate(*app), QuitOutcome::gone);
     EXPECT_FALSE(app->forceTerminate());
     EXPECT_FALSE(app->hide());
     driver->settle();
@@ -124,14 +124,14 @@ TEST_F(WorkspaceContract, AHiddenApplicationIsAnnouncedAndComesBack) {
     EXPECT_TRUE(driver->waitUntil([&] { return onScreen(*sample).size() == 1; }));
 }
 
-TEST_F(WorkspaceContract, AnApplicationWithoutWindowsIsHiddenOnce) {
+TEST_F(WorkspaceContract, AnApplicationWithoutWindowsCannotBeHidden) {
     const auto sample = launch();
     const auto app = running(*sample);
     sample->close(1);
     ASSERT_TRUE(awaitWindows(*sample, 0));
-    EXPECT_TRUE(app->hide());
+    EXPECT_FALSE(app->hide());
     driver->settle();
-    EXPECT_TRUE(app->isHidden()) << "or it would be hidden again and again";
+    EXPECT_FALSE(app->isHidden());
 }
 
 TEST_F(WorkspaceContract, AnInstalledApplicationIsFoundAndOpened) {
@@ -159,7 +159,10 @@ TEST_F(WorkspaceContract, AnInstalledApplicationIsFoundAndOpened) {
 TEST_F(WorkspaceContract, ARequestToQuitEndsAnApplicationThatAgrees) {
     const auto sample = launch();
     const auto app = running(*sample);
-    EXPECT_TRUE(app->terminate());
+    EXPECT_EQ(terminate(*app, false), QuitOutcome::dropped);
+    driver->settle();
+    EXPECT_FALSE(app->isTerminated());
+    EXPECT_EQ(terminate(*app), QuitOutcome::sent);
     EXPECT_TRUE(driver->waitUntil([&] { return app->isTerminated(); }));
 
     const auto windowless = launch();
@@ -167,7 +170,7 @@ TEST_F(WorkspaceContract, ARequestToQuitEndsAnApplicationThatAgrees) {
     windowless->close(1);
     ASSERT_TRUE(awaitWindows(*windowless, 0));
     EXPECT_FALSE(other->isTerminated()) << "an application outlives its windows";
-    EXPECT_TRUE(other->terminate());
+    EXPECT_EQ(terminate(*other), QuitOutcome::sent);
     EXPECT_TRUE(driver->waitUntil([&] { return other->isTerminated(); }));
 }
 
@@ -175,10 +178,14 @@ TEST_F(WorkspaceContract, OnlyForceEndsAnApplicationThatRefuses) {
     const auto sample = launch();
     const auto app = running(*sample);
     sample->refuseToQuit();
-    EXPECT_TRUE(app->terminate());
+    EXPECT_EQ(terminate(*app), QuitOutcome::sent);
     driver->settle();
     EXPECT_FALSE(app->isTerminated());
     EXPECT_EQ(windows(*sample)->size(), 1U);
+    sample->close(1);
+    ASSERT_TRUE(awaitWindows(*sample, 0));
+    EXPECT_EQ(terminate(*app), QuitOutcome::sent);
+    EXPECT_EQ(terminate(*app), QuitOutcome::nothingSent) << "programs die of a second request to the process";
     EXPECT_TRUE(app->forceTerminate());
     EXPECT_TRUE(driver->waitUntil([&] { return app->isTerminated(); }));
 }

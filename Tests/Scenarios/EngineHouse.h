@@ -4,6 +4,7 @@
 #include "Engine/QuitAll.h"
 #include "Engine/QuitEngine.h"
 #include "Engine/QuitNotifier.h"
+#include "Engine/QuitRequests.h"
 #include "Engine/SystemState.h"
 #include "Engine/WindowOracle.h"
 #include "Platform/AppClock.h"
@@ -21,9 +22,9 @@ struct EngineHouse {
         : clock(AppClock::choose(platform.environment(), platform.wallClock())),
           settings(platform.userDefaults().productSuite(), platform.bundle()), rules(platform, *clock),
           systemState(platform.environment(), platform.session()), audit(platform, *clock), guard(platform, audit),
-          oracle(platform.windowServer()), notifier(platform, settings),
-          engine(platform, {settings, rules, systemState, guard, oracle, audit, notifier, *clock}),
-          quitAll(platform, rules, guard, audit) {}
+          oracle(platform.windowServer()), notifier(platform, settings), requests(platform, audit, notifier),
+          engine(platform, {settings, rules, systemState, guard, oracle, audit, notifier, requests, *clock}),
+          quitAll(platform, rules, guard, audit, requests) {}
 
     std::unique_ptr<Clock> clock;
     AppSettings settings;
@@ -33,6 +34,7 @@ struct EngineHouse {
     DevGuard guard;
     WindowOracle oracle;
     QuitNotifier notifier;
+    QuitRequests requests;
     QuitEngine engine;
     QuitAll quitAll;
 };

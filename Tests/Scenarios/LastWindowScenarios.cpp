@@ -94,7 +94,7 @@ INSTANTIATE_TEST_SUITE_P(
                  "cancelled pending quit pid", nullptr},
         HeldBack{"WindowReopensUnnoticedBeforeStageTwo", 0.7,
                  [](auto&, auto&, auto& app) {
-                     app.accessibility.failReads(AXError::noValue, 1); // its recount fails
+                     app.faults.failReads(Unreadable::processGone, 1); // its recount fails
                      app.openWindow();
                  },
                  "quit check 2/2: window reopened; skipping quit org.example.Editor (windows=1)", nullptr},
@@ -108,7 +108,7 @@ INSTANTIATE_TEST_SUITE_P(
             [](auto& s, auto&, auto&) { held(s).house().settings.userExcludedBundleIDs.set({"org.example.Editor"}); },
             "scheduling quit", nullptr},
         HeldBack{"NoValueAtFireTime", 0.7,
-                 [](auto&, auto&, auto& app) { app.accessibility.failReads(AXError::noValue); },
+                 [](auto&, auto&, auto& app) { app.faults.failReads(Unreadable::processGone); },
                  "quit check 2/2: org.example.Editor — AX read failed at fire time; aborting quit", nullptr},
         HeldBack{"UserQuitsIt", 0.3, [](auto&, auto&, auto& app) { app.quit(); }, "monitor removed org.example.Editor",
                  nullptr},

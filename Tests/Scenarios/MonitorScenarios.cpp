@@ -72,11 +72,11 @@ TEST_F(Monitors, ABurstOfRuleChangesIsReconciledOnceAfterTheLast) {
 }
 
 TEST_F(Monitors, RecreatedMoreSlowlyAfterEachFailureUntilItGivesUp) {
-    log.expectError("copy windows -> cannotComplete (-25204) for org.example.Editor; requesting recreate");
+    log.expectError("read windows -> no window manager for org.example.Editor; requesting recreate");
     log.expectError("giving up on monitor for org.example.Editor pid");
     start();
     auto& app = launchWithWindow();
-    app.accessibility.failReads(AXError::cannotComplete);
+    app.faults.failReads(Unreadable::noWindowManager);
     app.openWindow();
     desktop.advance(60);
     const auto pid = std::to_string(app.processIdentifier());
@@ -91,18 +91,18 @@ TEST_F(Monitors, RecreatedMoreSlowlyAfterEachFailureUntilItGivesUp) {
                                 " after 5 failed recreates — app left unmonitored (fail open)"));
     EXPECT_EQ(engine().monitoredCount.get(), 0);
 
-    app.accessibility.clear();
+    app.faults.clear();
     setRule("org.example.Other", true);
     desktop.advance(1);
     EXPECT_EQ(engine().monitoredCount.get(), 1) << "a change of rules brings it back";
 }
 
 TEST_F(Monitors, AHealthyMinuteEndsTheStreakAndTheEndOfTheApplicationToo) {
-    log.expectError("cannotComplete (-25204)");
+    log.expectError("read windows -> no window manager");
     start();
     auto& app = launchWithWindow();
     const auto fail = [&] {
-        app.accessibility.failReads(AXError::cannotComplete, 1);
+        app.faults.failReads(Unreadable::noWindowManager, 1);
         app.openWindow();
         desktop.advance(12);
     };
@@ -114,7 +114,7 @@ TEST_F(Monitors, AHealthyMinuteEndsTheStreakAndTheEndOfTheApplicationToo) {
     fail();
     EXPECT_TRUE(log.contains("(attempt 1/5"));
 
-    app.accessibility.failReads(AXError::cannotComplete);
+    app.faults.failReads(Unreadable::noWindowManager);
     app.closeWindows();
     app.crash();
     desktop.advance(60);
@@ -122,21 +122,37 @@ TEST_F(Monitors, AHealthyMinuteEndsTheStreakAndTheEndOfTheApplicationToo) {
     EXPECT_EQ(log.count("giving up"), 0U);
 }
 
+TEST_F(Monitors, ComeBackWithTheWindowManager) {
+    log.expectError("no window manager");
+    log.expectError("attach gave up");
+    log.expectError("giving up on monitor");
+    start();
+    auto& app = launchWithWindow();
+    desktop.windowList().setReadable(false);
+    app.openWindow();
+    desktop.advance(60);
+    EXPECT_EQ(engine().monitoredCount.get(), 0);
+    desktop.windowList().setReadable(true);
+    desktop.advance(1);
+    EXPECT_EQ(engine().monitoredCount.get(), 1);
+    app.closeWindows();
+    desktop.advance(10);
+    EXPECT_EQ(terminated().size(), 1U);
+}
+
 class AMonitor : public EngineScenario {
 protected:
     std::shared_ptr<AppMonitor> make(simulated::SimulatedApplication& app) {
         auto monitor = AppMonitor::make(desktop, house().settings, {}, app.processIdentifier(), "org.example.A");
-        if (monitor) {
-            monitor->onCountChange = [this](AppMonitor&) {
-                ++changes;
-            };
-            monitor->onAXFailure = [this](AppMonitor&) {
-                ++failures;
-            };
-            monitor->attachWithRetry(0);
-            desktop.settle();
-            log.clear();
-        }
+        monitor->onCountChange = [this](AppMonitor&) {
+            ++changes;
+        };
+        monitor->onAXFailure = [this](AppMonitor&) {
+            ++failures;
+        };
+        monitor->attachWithRetry(0);
+        desktop.settle();
+        log.clear();
         return monitor;
     }
 
@@ -155,8 +171,7 @@ TEST_F(AMonitor, CountsOnceForABurstAndNamesItsLastEvent) {
     app.restore(app.windows().front().id);
     desktop.settle();
     EXPECT_EQ(changes, 1);
-    EXPECT_THAT(log.texts("monitor"),
-                ElementsAre("org.example.A windows 0->5 (AXFocusedWindowChanged) aboveThreshold=true"));
+    EXPECT_THAT(log.texts("monitor"), ElementsAre("org.example.A windows 0->5 (focused) aboveThreshold=true"));
     EXPECT_TRUE(monitor->lastMinimizeAt()) << "though a later event names the recount";
 }
 
@@ -188,49 +203,57 @@ TEST_F(AMonitor, TellsJumpsFromStepsForBothThresholds) {
     }
 }
 
-TEST_F(AMonitor, ReadsAMissingValueAsZeroAndKeepsItsCountWithoutOne) {
+TEST_F(AMonitor, KeepsItsCountWithoutAnAnswer) {
     auto& app = desktop.launch("org.example.A", "A");
     app.openWindow();
     const auto monitor = make(app);
-    app.accessibility.failReads(AXError::noValue, 1);
+    app.faults.failReads(Unreadable::processGone, 1);
     app.openWindow();
     desktop.settle();
     EXPECT_EQ(monitor->lastCount(), 1);
     EXPECT_THAT(log.texts("monitor"), IsEmpty());
-    app.accessibility.windowsMissing = true;
-    EXPECT_EQ(monitor->currentWindowCount(), 0);
+}
+
+TEST_F(AMonitor, CountsWhatKeepsAnApplication) {
+    struct Case {
+        const char* name;
+        simulated::SimulatedWindow window;
+        std::ptrdiff_t count;
+        std::ptrdiff_t dialogs;
+    };
+    for (const auto& each : {Case{"standard", {}, 1, 0}, Case{"on another workspace", {.onOtherDesktop = true}, 1, 0},
+                             Case{"withdrawn", {.withdrawn = true}, 0, 0},
+                             Case{"withdrawn, maybe another's", {.withdrawn = true, .certain = false}, 1, 0},
+                             Case{"dialog", {.kind = WindowKind::dialog}, 0, 1},
+                             Case{"minimised dialog", {.kind = WindowKind::dialog, .minimised = true}, 1, 1},
+                             Case{"palette", {.kind = WindowKind::floating}, 0, 0}}) {
+        auto& app = desktop.launch("org.example.A", "A");
+        app.openWindow(each.window);
+        desktop.settle();
+        const auto monitor = make(app);
+        EXPECT_EQ(monitor->currentWindowCount(), each.count) << each.name;
+        EXPECT_EQ(monitor->currentDialogs(), each.dialogs) << each.name;
+    }
 }
 
 TEST_F(AMonitor, AttachesInFourPassesOrAsksForANewOne) {
-    log.expectError("addNotification AXWindowCreated -> -25200 for org.example.A");
     log.expectError("attach gave up after retries for org.example.A; requesting recreate");
     auto& app = desktop.launch("org.example.A", "A");
     app.openWindow();
-    app.accessibility.addNotification["AXWindowCreated"] = AXError::failure;
-    app.accessibility.addNotification["AXApplicationShown"] = AXError::notificationAlreadyRegistered;
+    desktop.windowList().setReadable(false);
     auto monitor = make(app);
     desktop.advance(1.6);
-    app.accessibility.addNotification.clear();
+    desktop.windowList().setReadable(true);
     desktop.advance(2);
     EXPECT_THAT(log.texts("monitor").back(), HasSubstr("attached org.example.A pid"));
     EXPECT_EQ(failures, 0);
 
-    app.accessibility.addNotification["AXWindowCreated"] = AXError::failure;
+    desktop.windowList().setReadable(false);
     monitor = make(app);
     desktop.advance(3.4);
     EXPECT_EQ(failures, 0);
     desktop.advance(0.2);
     EXPECT_EQ(failures, 1);
-}
-
-TEST_F(AMonitor, CannotBeMadeWithoutAnObserver) {
-    log.expectError("AXObserverCreate failed (-25204) for org.example.A");
-    log.expectError("could not create monitor for org.example.A");
-    auto& app = desktop.launch("org.example.A", "A");
-    app.accessibility.observerCreation = AXError::cannotComplete;
-    EXPECT_EQ(make(app), nullptr);
-    start();
-    EXPECT_EQ(engine().monitoredCount.get(), 0);
 }
 
 } // namespace

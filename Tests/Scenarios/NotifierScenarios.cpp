@@ -77,7 +77,7 @@ TEST_F(Notifier, SaysNothingOfAnApplicationThatStays) {
     int count = 0;
     for (const simulated::TerminateAnswer& answer :
          {simulated::TerminateAnswer(Refuses{}), simulated::TerminateAnswer(ShowsSaveDialog{}),
-          simulated::TerminateAnswer(CannotBeAsked{}), simulated::TerminateAnswer(Quits{Seconds(5.1)})}) {
+          simulated::TerminateAnswer(Quits{Seconds(5.1)})}) {
         auto& app = requestQuit(answer, "org.example.App" + std::to_string(++count));
         log.clear();
         desktop.advance(4.99);

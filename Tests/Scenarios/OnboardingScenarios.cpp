@@ -16,7 +16,7 @@ using ::testing::IsEmpty;
 class FirstSteps : public EngineScenario {
 protected:
     void begin(bool trusted) {
-        desktop.accessibility().setTrusted(trusted);
+        desktop.windowList().setReadable(trusted);
         model.emplace(desktop, engine());
         announcement_ = model->announcement.subscribe([this](const std::string& text) { announced.push_back(text); });
         log.clear();
@@ -49,8 +49,7 @@ TEST_F(FirstSteps, OpenTheSettingsOnceWhereThePermissionIsLongInComing) {
     EXPECT_EQ(settingsOpened(), 2U);
     desktop.advance(60);
     EXPECT_EQ(settingsOpened(), 2U) << "opened again by itself";
-    EXPECT_EQ(desktop.accessibility().prompts, 3);
-    desktop.accessibility().setTrusted(true);
+    desktop.windowList().setReadable(true);
     desktop.advance(1);
     EXPECT_EQ(model->state.get(), OnboardingState::demo) << "nobody waited any more";
 }
@@ -111,7 +110,7 @@ TEST_F(FirstSteps, NothingIsWaitedForAfterAnEarlyEnd) {
     model->teardown();
     desktop.advance(10);
     EXPECT_EQ(settingsOpened(), 0U);
-    desktop.accessibility().setTrusted(true);
+    desktop.windowList().setReadable(true);
     desktop.advance(10);
     EXPECT_EQ(model->state.get(), OnboardingState::waitingForPermission);
     EXPECT_FALSE(log.contains("engine started"));

@@ -15,7 +15,7 @@ protected:
     RunningAppsModel& model() {
         if (!model_) {
             model_ = std::make_unique<RunningAppsModel>(
-                desktop, RunningAppsModel::Neighbours{house().guard, house().audit, house().rules});
+                desktop, RunningAppsModel::Neighbours{house().guard, house().audit, house().requests, house().rules});
         }
         return *model_;
     }
@@ -66,7 +66,7 @@ TEST_F(RunningApps, WhatTheGuardRefusesEndsThere) {
     model();
     log.clear();
     launchApp("Writer");
-    model().quit(editor, true);
+    model().quit(editor.shared_from_this(), true);
     desktop.advance(1);
     EXPECT_THAT(log.texts("engine"), IsEmpty());
     EXPECT_THAT(decisions(), ElementsAre("manual skipped(shadow-mode) Editor"));

@@ -14,19 +14,19 @@ class StartUp : public LaunchScenario {};
 
 TEST_F(StartUp, WithoutTrustTheEngineWaitsForItAndStartsOnce) {
     completeOnboarding();
-    desktop.accessibility().setTrusted(false);
+    desktop.windowList().setReadable(false);
     launch();
     ASSERT_TRUE(windows.gate.has_value());
-    desktop.accessibility().setTrusted(true);
+    desktop.windowList().setReadable(true);
     desktop.advance(0.5);
-    desktop.accessibility().setTrusted(false);
+    desktop.windowList().setReadable(false);
     desktop.advance(1);
     EXPECT_FALSE(log.contains("engine started")) << "the grant was taken back";
-    desktop.accessibility().setTrusted(true);
+    desktop.windowList().setReadable(true);
     desktop.advance(1);
     EXPECT_FALSE(windows.gate.has_value());
-    desktop.accessibility().setTrusted(false);
-    desktop.accessibility().setTrusted(true);
+    desktop.windowList().setReadable(false);
+    desktop.windowList().setReadable(true);
     desktop.advance(1);
     EXPECT_EQ(log.count("engine started"), 1U);
     EXPECT_THAT(lifecycle(), ElementsAre("Ambrel launched (accessory mode)",
@@ -36,25 +36,24 @@ TEST_F(StartUp, WithoutTrustTheEngineWaitsForItAndStartsOnce) {
 
 TEST_F(StartUp, TheGateAsksAgainAndMayBeClosed) {
     completeOnboarding();
-    desktop.accessibility().setTrusted(false);
+    desktop.windowList().setReadable(false);
     launch();
     windows.gate->openSettings();
-    EXPECT_EQ(desktop.accessibility().prompts, 2);
     EXPECT_THAT(desktop.workspace().links, ElementsAre(AccessibilityGate::settingsLink));
     windows.gate->onClose();
     EXPECT_EQ(lifecycle().back(), "gate closed by user — staying idle, still polling for a grant");
-    desktop.accessibility().setTrusted(true);
+    desktop.windowList().setReadable(true);
     desktop.advance(1);
     EXPECT_TRUE(log.contains("engine started"));
     EXPECT_THAT(windows.opened, ElementsAre("gate"));
 }
 
 TEST_F(StartUp, TheFirstRunEndsInTheEngineOrAtTheGate) {
-    desktop.accessibility().setTrusted(false);
+    desktop.windowList().setReadable(false);
     launch();
     EXPECT_FALSE(log.contains("engine started"));
     EXPECT_THAT(windows.opened, ElementsAre("onboarding", "gate"));
-    desktop.accessibility().setTrusted(true);
+    desktop.windowList().setReadable(true);
     desktop.advance(1);
     EXPECT_EQ(log.count("engine started"), 1U);
 }

@@ -8,7 +8,7 @@ namespace {
 class GateWindow : public ViewTest {
 protected:
     void present() {
-        desktop.accessibility().setTrusted(false);
+        desktop.windowList().setReadable(false);
         windows().presentGate({.openSettings = [this] { done += "settings;"; },
                                .onClose =
                                    [this] {
@@ -26,7 +26,7 @@ TEST_F(GateWindow, SaysWhatIsMissingUntilItIsThere) {
     EXPECT_TRUE(shows("Waiting for permission…"));
     press(Qt::Key_Return);
     EXPECT_EQ(done, "settings;");
-    desktop.accessibility().setTrusted(true);
+    desktop.windowList().setReadable(true);
     desktop.settle();
     EXPECT_TRUE(shows("Permission granted"));
     EXPECT_TRUE(hasPlaceInTheTaskBar());

@@ -51,6 +51,7 @@ TEST_F(RunningAppsWindow, QuitsForceQuitsHidesAndExcludesOne) {
     auto& editor = launchApp("Editor");
     auto& player = launchApp("Player");
     auto& viewer = launchApp("Viewer");
+    viewer.openWindow();
     auto& writer = launchApp("Writer");
     open();
     const auto choose = [this](const char* app, const char* entry) {
@@ -86,6 +87,7 @@ TEST_F(RunningAppsWindow, TheMenuMeansTheApplicationItWasOpenedFor) {
 TEST_F(RunningAppsWindow, IsUsedByKeysAlone) {
     launchApp("Editor");
     auto& player = launchApp("Player");
+    player.openWindow();
     auto& writer = launchApp("Writer");
     open();
     press(Qt::Key_Down);

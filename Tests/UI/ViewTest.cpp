@@ -30,11 +30,11 @@ QAccessibleInterface* find(QAccessibleInterface* root, const QString& name) {
 
 QuickWindows& ViewTest::windows() {
     if (!windows_) {
-        windows_ = std::make_unique<QuickWindows>(WindowsNeighbours{desktop, house().settings, house().engine, hotKeys,
-                                                                    house().audit, *house().clock, house().rules,
-                                                                    house().guard, [this]() -> UpdateController& {
-                                                                        return updates;
-                                                                    }});
+        windows_ = std::make_unique<QuickWindows>(
+            WindowsNeighbours{desktop, house().settings, house().engine, hotKeys, house().audit, *house().clock,
+                              house().rules, house().guard, house().requests, [this]() -> UpdateController& {
+                                  return updates;
+                              }});
     }
     return *windows_;
 }

@@ -46,13 +46,12 @@ std::vector<Day::Verb> Day::applicationVerbs() {
               }),
         onApp(calm_ ? 0 : 20, "open a window that nobody can read",
               [this](App& app) {
-                  app.accessibility.failReads(oneOf({AXError::failure, AXError::noValue}));
+                  app.faults.failReads(oneOf({Unreadable::failed, Unreadable::processGone}));
                   auto window = newWindow();
                   window.onOtherDesktop = window.onOtherDesktop || once(2);
                   app.openWindow(window);
               }),
-        onApp(calm_ ? 0 : 10, "break or mend accessibility",
-              [this](App& app) { breakAccessibility(app.accessibility); }),
+        onApp(calm_ ? 0 : 10, "break or mend the reading of windows", [this](App& app) { breakReading(app.faults); }),
     };
 }
 
@@ -96,9 +95,10 @@ void Day::launch() {
     const auto bundleID = once(15) ? std::nullopt : std::optional(aBundleID());
     auto& app = desktop_.launch(bundleID, bundleID.value_or("Nameless"), options);
     trail_.back() += fmt::format(": {} (pid {})", bundleID.value_or("?"), app.processIdentifier());
-    app.terminateAnswer = oneOf<TerminateAnswer>(
-        {Quits{}, Quits{}, Quits{}, Quits{Seconds(1.5)}, Quits{Seconds(7)}, Refuses{}, ShowsSaveDialog{}, Freezes{}});
+    app.terminateAnswer = oneOf<TerminateAnswer>({Quits{}, Quits{}, Quits{}, Quits{Seconds(1.5)}, Quits{Seconds(7)},
+                                                  Lingers{Seconds(20)}, Refuses{}, ShowsSaveDialog{}, Freezes{}});
     app.hasTrayItem = once(6);
+    app.questionTime = Seconds(once(5) ? 1.5 : 0);
     if (!once(4)) {
         app.openWindow();
     }
@@ -109,8 +109,7 @@ simulated::SimulatedWindow Day::newWindow() {
     window.minimised = once(12);
     window.onOtherDesktop = once(12);
     window.withdrawn = once(20);
-    window.unreadable.subrole = once(30);
-    window.unreadable.role = once(30);
+    window.certain = !once(30);
     window.alpha = once(20) ? 0.01 : 1;
     window.frame.width = once(20) ? 20 : 800;
     return window;
@@ -121,16 +120,11 @@ const simulated::SimulatedWindow* Day::aWindow(const App& app) {
     return app.windows().empty() ? nullptr : &app.windows()[static_cast<std::size_t>(place)];
 }
 
-void Day::breakAccessibility(simulated::AccessibilityFaults& faults) {
-    const bool broken = faults.failingReads > 0 || !faults.addNotification.empty();
+void Day::breakReading(simulated::WindowFaults& faults) {
+    const bool broken = faults.failingReads > 0;
     faults.clear();
-    if (broken) {
-        return;
-    }
-    if (once(3)) {
-        faults.addNotification["AXWindowCreated"] = AXError::failure;
-    } else {
-        faults.failReads(oneOf({AXError::failure, AXError::noValue, AXError::cannotComplete}));
+    if (!broken) {
+        faults.failReads(oneOf({Unreadable::failed, Unreadable::processGone, Unreadable::noWindowManager}));
     }
 }
 

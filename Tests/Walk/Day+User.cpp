@@ -46,9 +46,12 @@ std::vector<Day::Verb> Day::userVerbs() {
         {2, "Quit All",
          [this] {
              history_.look();
+             desktop_.settle();
+             history_.look();
              statement_.quittingAll = true;
              house_->quitAll.run(false);
              statement_.quittingAll = false;
+             statement_.quitAllAsked = history_.now();
          }},
         {4, "reopen",
          [this] {
@@ -79,7 +82,7 @@ std::vector<Day::Verb> Day::userVerbs() {
         {calm_ ? 0 : 3, "lose or regain trust",
          [this] {
              if (flips(untrusted_)) {
-                 desktop_.accessibility().setTrusted(!untrusted_);
+                 desktop_.windowList().setReadable(!untrusted_);
              }
          }},
         {2, "restart Ambrel",

@@ -68,7 +68,7 @@ private:
     [[nodiscard]] simulated::SimulatedWindow newWindow();
     /// Null when it has none.
     [[nodiscard]] const simulated::SimulatedWindow* aWindow(const App& app);
-    void breakAccessibility(simulated::AccessibilityFaults& faults);
+    void breakReading(simulated::WindowFaults& faults);
 
     /// What the user and the machine do: Day+User.cpp
     [[nodiscard]] std::vector<Verb> userVerbs();

@@ -21,6 +21,8 @@ DesktopHistory::DesktopHistory(simulated::SimulatedPlatform& desktop, const Wish
     on(workspace.didActivate, [this](const auto& app) { of(*app).touched = wall(); });
     on(workspace.didDeactivate, [this](const auto& app) { of(*app).touched = wall(); });
     on(workspace.didHide, [this](const auto& app) { didHide(*app); });
+    on(workspace.windowEvent, [this](ProcessId pid, WindowEvent event) { note(pid, event); });
+    on(desktop.windowList().readableDidChange, [this](bool readable) { readableChanged(readable); });
 }
 
 AppHistory& DesktopHistory::of(const RunningApplication& app) {
@@ -28,20 +30,35 @@ AppHistory& DesktopHistory::of(const RunningApplication& app) {
     auto& history = place->second;
     if (isNew) {
         history.known = history.upset = now();
-        history.blind = !desktop_.accessibility().isProcessTrusted();
-        if (const auto running = desktop_.workspace().find(app.processIdentifier()); running.get() == &app) {
-            history.notes =
-                running->notifications.subscribe([this, &history](const std::string& name) { note(history, name); });
-        }
+        history.blind = !desktop_.windowList().isReadable();
     }
     return history;
 }
 
-void DesktopHistory::note(AppHistory& history, const std::string& name) {
-    if (name == "AXWindowMiniaturized" || name == "AXApplicationHidden") {
+void DesktopHistory::note(ProcessId pid, WindowEvent event) {
+    const auto app = desktop_.workspace().find(pid);
+    if (!app) {
+        return;
+    }
+    auto& history = of(*app);
+    if (event == WindowEvent::minimized || event == WindowEvent::hidden) {
         history.minimised = now();
         history.minimisedWall = wall();
         history.upset = now() + minimiseGrace;
+    } else if (event == WindowEvent::appeared) {
+        history.asked = never;
+    }
+}
+
+/// Nothing is known of any window until it can be read again, and nobody's requests are remembered.
+void DesktopHistory::readableChanged(bool readable) {
+    for (const auto& app : desktop_.workspace().applications()) {
+        auto& history = of(*app);
+        history.asked = never;
+        history.blind = true;
+    }
+    if (readable) {
+        beginAnew();
     }
 }
 
@@ -111,27 +128,35 @@ void DesktopHistory::look(const App& app, AppHistory& history) {
     if (history.count > threshold_ || windows > wishes_.threshold()) {
         history.above = now();
     }
-    if (windows != history.count) {
+    if (windows != history.count || dialogs(app) != history.dialogs || app.isHidden() != history.isHidden) {
         history.count = windows;
+        history.dialogs = dialogs(app);
+        if (history.isHidden && !app.hasWindowOnDesktop()) {
+            history.minimised = never; // What was hidden is closed.
+            history.minimisedWall.reset();
+        }
+        history.isHidden = app.isHidden();
         history.counted = now();
         history.delay = std::max(wishes_.delay, 0.0);
         history.raised = windows > wishes_.threshold() ? now() : history.raised;
     }
-    const auto& faults = app.accessibility;
-    history.blind = history.blind || faults.failingReads > 0 || faults.observerCreation != AXError::success ||
-                    !faults.addNotification.empty() || !desktop_.accessibility().isProcessTrusted();
+    history.blind = history.blind || app.faults.failingReads > 0 || !desktop_.windowList().isReadable();
     const bool vetoed = windows == 0 && shows(app);
-    if (app.isHidden() || history.blind || vetoed || distrusted() || wishes_.paused) {
+    const bool askedBefore = isInFlight(history) && history.asked < history.counted;
+    if (app.isHidden() || askedBefore || history.blind || vetoed || distrusted() || wishes_.paused) {
         history.upset = std::max(history.upset, now());
     }
 }
 
 long DesktopHistory::count(const App& app) {
     return std::count_if(app.windows().begin(), app.windows().end(), [](const auto& window) {
-        const bool minimised = window.minimised && !window.unreadable.minimised;
-        const bool standard = window.subrole == "AXStandardWindow" && !window.unreadable.subrole;
-        return window.role == "AXWindow" && !window.unreadable.role && (minimised || standard);
+        return window.minimised || (window.kind == WindowKind::standard && !(window.withdrawn && window.certain));
     });
+}
+
+long DesktopHistory::dialogs(const App& app) {
+    return std::count_if(app.windows().begin(), app.windows().end(),
+                         [](const auto& window) { return window.kind == WindowKind::dialog && !window.withdrawn; });
 }
 
 bool DesktopHistory::shows(const App& app) const {

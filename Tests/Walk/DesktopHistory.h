@@ -15,8 +15,10 @@ constexpr double minimiseGrace = 2;
 
 /// What happened to one application. Times are seconds that pass, whatever the wall clock does.
 struct AppHistory {
-    long count = 0;                      ///< windows that can be read as such
-    double counted = never;              ///< when that number last changed
+    long count = 0;   ///< windows in the sense of the rule
+    long dialogs = 0; ///< open ones
+    bool isHidden = false;
+    double counted = never;              ///< when one of these last changed
     double delay = 0;                    ///< the user's delay at that time
     double known = never;                ///< when it was first seen
     double above = never;                ///< the last moment with more windows than the threshold
@@ -27,9 +29,9 @@ struct AppHistory {
     double hideDelay = 0;                ///< the user's delay at that time
     bool hidWillingly = false;           ///< all that allows a quit was so when it hid
     bool blind = false;                  ///< its windows could not always be read
+    double asked = never;                ///< when it was last asked to quit; never again once that request is over
     std::optional<Date> minimisedWall{}; ///< by the wall clock
     std::optional<Date> touched{};       ///< by the wall clock: the last time it was known to be in use
-    Subscription notes{};
 };
 
 /// Remembers what the desktop and its user did, from the desktop's own events and the true state of its windows.
@@ -49,6 +51,9 @@ public:
     [[nodiscard]] double now() const { return wall().time_since_epoch().count() - shift_; }
     [[nodiscard]] bool distrusted() const { return locked_ || asleep_ || away_; }
     [[nodiscard]] static long count(const App& app);
+    [[nodiscard]] static long dialogs(const App& app);
+    /// A request to quit lasts a minute, unless a window comes or the window manager goes.
+    [[nodiscard]] bool isInFlight(const AppHistory& history) const { return now() < history.asked + 60; }
     /// The window server shows something that can be a window of this application.
     [[nodiscard]] bool shows(const App& app) const;
 
@@ -62,7 +67,8 @@ private:
     void setDistrust(bool& flag, bool value);
     void beginAnew();
     void didHide(const RunningApplication& app);
-    void note(AppHistory& history, const std::string& name);
+    void note(ProcessId pid, WindowEvent event);
+    void readableChanged(bool readable);
     void look(const App& app, AppHistory& history);
 
     simulated::SimulatedPlatform& desktop_;

@@ -14,6 +14,7 @@ namespace {
 constexpr double slack = 1e-4;
 constexpr double secondCheck = 0.5;
 constexpr double longestCheck = 2.1;
+constexpr double longestQuestion = 1.6;
 
 bool isEditor(const std::string& bundleID) {
     return strcasecmp(bundleID.c_str(), "com.apple.TextEdit") == 0;
@@ -44,6 +45,11 @@ void Statement::requested(ProcessId pid, const std::string& deed) {
     claim(!path.empty(), *app, "was asked without exactly one line of its own before it");
     judge(*app, path, deed == "hidden");
     asked_[path][app.get()] = history_.now();
+    if (deed == "terminated") {
+        auto& history = history_.of(*app);
+        claim(!history_.isInFlight(history), *app, "was asked while an earlier request was in flight");
+        history.asked = history_.now();
+    }
     if (path == "idle" && deed == "terminated") {
         history_.of(*app).touched.reset(); // Asked once, until it is used again.
     }
@@ -76,8 +82,11 @@ void Statement::judge(const App& app, const std::string& path, bool hides) {
 
 void Statement::judgeAny(const App& app) {
     const auto bundleID = app.bundleIdentifier().value_or("");
-    claim(wishes_.guard != Wishes::Guard::shadow, app, "was quit in shadow mode");
-    claim(wishes_.guard != Wishes::Guard::whitelist || isEditor(bundleID), app, "is not on the whitelist");
+    // The guard is asked before the application is asked how to ask it.
+    const bool guardIsNew = history_.now() < history_.calm + app.questionTime.count() + slack;
+    claim(guardIsNew || wishes_.guard != Wishes::Guard::shadow, app, "was quit in shadow mode");
+    claim(guardIsNew || wishes_.guard != Wishes::Guard::whitelist || isEditor(bundleID), app,
+          "is not on the whitelist");
     claim(!bundleID.empty(), app, "is nameless");
     claim(!app.isTerminated(), app, "had ended");
 }
@@ -91,8 +100,9 @@ void Statement::judgeLastWindow(const App& app, const AppHistory& history) {
           "is excluded");
     claim(!wishes_.paused && !history_.distrusted(), app, "was quit in a pause, or on a count not to be trusted");
     claim(windows <= wishes_.threshold(), app, "has windows");
-    claim(windows > 0 || !history_.shows(app), app, "is on the screen");
+    claim(windows > 0 || !history_.shows(app) || app.questionTime.count() > 0, app, "is on the screen");
     claim(!app.isHidden(), app, "is hidden");
+    claim(DesktopHistory::dialogs(app) == 0, app, "has a dialog open");
     claim(history.above >= history_.begun - slack, app, "was not seen with a window since all began anew");
     const double watched = std::max({history.known, history_.begun, history_.calm}) + attachment;
     claim(history.blind || history.minimised < watched ||
@@ -135,7 +145,8 @@ void Statement::judgeIdle(const App& app, const AppHistory& history, bool hides)
 }
 
 void Statement::judgeQuitAll(const App& app) {
-    claim(quittingAll && wishFor(app).includedInQuitAll, app, "was not meant by Quit All");
+    const bool wanted = quittingAll || history_.now() < quitAllAsked + longestQuestion;
+    claim(wanted && wishFor(app).includedInQuitAll, app, "was not meant by Quit All");
     claim(app.bundleIdentifier() != "com.apple.finder" && app.activationPolicy() == ActivationPolicy::regular, app,
           "is nothing for Quit All");
 }
@@ -148,13 +159,26 @@ void Statement::look() {
 
 /// An application that nothing has held back since it was watched with a window, and that has none, is quit.
 void Statement::judgeLiveness(const App& app, const AppHistory& history) {
-    const bool late = history_.now() > history.counted + history.delay + longestCheck;
+    // A request that is dropped begins anew.
+    const int rounds = app.questionTime.count() > 0 ? 3 : 1;
+    const bool late =
+        history_.now() > history.counted + rounds * (history.delay + longestCheck + app.questionTime.count());
     if (!late || !mustQuit(app, history) || due_[&app] == history.counted) {
         return;
     }
     due_[&app] = history.counted;
     ++due;
-    claim(asked_["last-window"][&app] >= history.counted, app, "was not quit though nothing spoke against it");
+    claim(lastAsked(app) >= history.counted, app, "was not quit though nothing spoke against it");
+}
+
+double Statement::lastAsked(const App& app) const {
+    double last = never;
+    for (const auto& [path, times] : asked_) {
+        if (const auto time = times.find(&app); time != times.end()) {
+            last = std::max(last, time->second);
+        }
+    }
+    return last;
 }
 
 bool Statement::mustQuit(const App& app, const AppHistory& history) const {
@@ -163,9 +187,11 @@ bool Statement::mustQuit(const App& app, const AppHistory& history) const {
     // Nobody counts anew because the threshold changes.
     const bool countedSince = history.raised >= history_.turned || history_.begun > history_.turned;
     return countedSince && app.activationPolicy() == ActivationPolicy::regular && bundleID &&
-           history.count <= wishes_.threshold() && watched <= history.above && wishFor(app).quitOnLastWindowClose &&
-           !wishes_.excluded.contains(*bundleID) && *bundleID != "com.apple.finder" &&
-           *bundleID != "app.ambrel.Ambrel" && !history.blind && wishes_.guard == Wishes::Guard::none;
+           history.count <= wishes_.threshold() && history.dialogs == 0 &&
+           !(app.wasSignalled() && lastAsked(app) < history.counted) && watched <= history.above &&
+           wishFor(app).quitOnLastWindowClose && !wishes_.excluded.contains(*bundleID) &&
+           *bundleID != "com.apple.finder" && *bundleID != "app.ambrel.Ambrel" && !history.blind &&
+           wishes_.guard == Wishes::Guard::none;
 }
 
 void Statement::claim(bool holds, const App& app, const char* otherwise) {

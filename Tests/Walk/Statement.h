@@ -20,9 +20,10 @@ public:
     /// To be called before Ambrel ends.
     void finish();
 
-    bool quittingAll = false; ///< the user's Quit All is being carried out
-    std::string broken;       ///< the first claim that did not hold
-    long due = 0;             ///< quits that had to come, and came
+    bool quittingAll = false;    ///< the user's Quit All is being carried out
+    double quitAllAsked = never; ///< and when it last was
+    std::string broken;          ///< the first claim that did not hold
+    long due = 0;                ///< quits that had to come, and came
 
 private:
     /// An application is watched this long after it could first be.
@@ -37,6 +38,8 @@ private:
     void judgeQuitAll(const App& app);
     // When it must be asked.
     void judgeLiveness(const App& app, const AppHistory& history);
+    /// By whatever path.
+    [[nodiscard]] double lastAsked(const App& app) const;
     [[nodiscard]] bool mustQuit(const App& app, const AppHistory& history) const;
     void claim(bool holds, const App& app, const char* otherwise);
     [[nodiscard]] const AppRule& wishFor(const App& app) const;

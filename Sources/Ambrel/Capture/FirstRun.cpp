@@ -1,12 +1,12 @@
 #include "Capture/FirstRun.h"
 
-#include "Platform/Accessibility.h"
 #include "Platform/Platform.h"
+#include "Platform/WindowList.h"
 
 namespace ambrel {
 
 FirstRun::FirstRun(Platform& platform, QuitEngine& engine)
-    : gate_(platform.accessibility(), [] {}), welcome_(platform, engine), demo_(platform, engine),
+    : gate_(platform.windowList(), [] {}), welcome_(platform, engine), demo_(platform, engine),
       completedDemo_(platform, engine) {
     demo_.model.state.set(OnboardingState::demo);
     completedDemo_.model.state.set(OnboardingState::demo);

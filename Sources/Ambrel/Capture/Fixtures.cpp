@@ -29,7 +29,7 @@ Platform& prepared(simulated::SimulatedPlatform& platform, const Environment& en
     platform.environment().set("AMBREL_TERMLOG", std::string(home) + "/.local/state/Ambrel/terminations.log");
     // A version of its own would date the pictures.
     platform.bundle().version.reset();
-    platform.accessibility().setTrusted(false);
+    platform.windowList().setReadable(false);
     for (const auto& rule : sampleRules()) {
         platform.launch(rule.bundleIdentifier(), rule.displayName);
     }
@@ -45,14 +45,14 @@ Fixtures::Fixtures(const Environment& environment)
       rules_(AppRulesStore::systemDefaultRules(platform_.workspace()), AppRule::initialDefaultRule()),
       rulesOfUser_(withSystemDefaults(platform_.workspace(), sampleRules()), AppRule::initialDefaultRule()),
       systemState_(platform_.environment(), platform_.session()), audit_(platform_, *clock_), guard_(platform_, audit_),
-      oracle_(platform_.windowServer()), notifier_(platform_, settings_),
-      engine_(platform_, {settings_, rules_, systemState_, guard_, oracle_, audit_, notifier_, *clock_}),
+      oracle_(platform_.windowServer()), notifier_(platform_, settings_), requests_(platform_, audit_, notifier_),
+      engine_(platform_, {settings_, rules_, systemState_, guard_, oracle_, audit_, notifier_, requests_, *clock_}),
       hotKeys_(platform_.hotKeyCenter()), updateController_(platform_), settingsModel_(settings_),
       engineModel_(engine_), appearance_(settings_), hotKey_(settings_, hotKeys_), login_(platform_.loginItem()),
       history_({audit_, *clock_, platform_.workspace(), home}), about_(platform_),
       updates_([this]() -> UpdateController& { return updateController_; }), noRules_(platform_, rules_),
       userRules_(platform_, rulesOfUser_), chooser_(platform_.workspace()), firstRun_(platform_, engine_),
-      runningApps_(platform_, {guard_, audit_, rules_}), runningAppsList_(runningApps_),
+      runningApps_(platform_, {guard_, audit_, requests_, rules_}), runningAppsList_(runningApps_),
       stage_(platform_.mainQueue()), panelNeighbours_{stage_, platform_.compositor(), platform_.clickMonitor(),
                                                       platform_.workspace()},
       dropdown_(panelNeighbours_, settingsModel_, engineModel_), confirmation_(panelNeighbours_) {

@@ -5,6 +5,7 @@
 #include "Engine/HotKeyManager.h"
 #include "Engine/QuitEngine.h"
 #include "Engine/QuitNotifier.h"
+#include "Engine/QuitRequests.h"
 #include "Engine/SystemState.h"
 #include "Engine/WindowOracle.h"
 #include "Models/RunningAppsModel.h"
@@ -77,6 +78,7 @@ private:
     DevGuard guard_;
     WindowOracle oracle_;
     QuitNotifier notifier_;
+    QuitRequests requests_;
     QuitEngine engine_;
     HotKeyManager hotKeys_;
     UpdateController updateController_;

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "Core/Logger.h"
-#include "Platform/Accessibility.h"
+#include "Platform/WindowList.h"
 
 namespace ambrel {
 
-/// Asks the desktop to let this program see other applications' windows.
+/// What lets this program see other applications' windows.
 struct AccessibilityGate {
     AccessibilityGate() = delete;
 
@@ -13,9 +13,9 @@ struct AccessibilityGate {
     static constexpr const char* settingsLink =
         "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
 
-    /// Shows the desktop's own prompt where it has one, and returns whether the program is trusted.
-    static bool promptForTrust(Accessibility& accessibility) {
-        const bool trusted = accessibility.promptForTrust();
+    /// Says in the log whether the program may see windows, and returns it. The desktop has no prompt of its own.
+    static bool promptForTrust(const WindowList& windows) {
+        const bool trusted = windows.isReadable();
         Logger("axgate").notice("AXIsProcessTrustedWithOptions -> {}", trusted);
         return trusted;
     }

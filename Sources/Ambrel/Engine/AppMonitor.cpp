@@ -4,72 +4,30 @@
 #include "Platform/Workspace.h"
 #include "State/AppSettings.h"
 
-#include <algorithm>
-#include <cstdint>
+#include <array>
+#include <utility>
 
 namespace ambrel {
 
 namespace {
 
-constexpr Seconds messagingTimeout{1.5};
 constexpr std::array<double, 3> attachRetryDelays{0.5, 1.0, 2.0};
-
-void configureGlobalAXTimeout(Accessibility& accessibility) {
-    static const bool configured = (accessibility.setMessagingTimeout(messagingTimeout), true);
-    static_cast<void>(configured);
-}
-
-bool isWindow(const WindowElement& element) {
-    return element.role == "AXWindow" && (element.minimized == true || element.subrole == "AXStandardWindow");
-}
-
-std::string_view word(std::optional<bool> value) {
-    return !value ? "?" : *value ? "true" : "false";
-}
 
 } // namespace
 
-std::ptrdiff_t countWindows(const std::vector<WindowElement>& elements) {
-    return std::count_if(elements.begin(), elements.end(), isWindow);
-}
-
 std::shared_ptr<AppMonitor> AppMonitor::make(Platform& platform, const AppSettings& settings, AmbrelDebug debug,
                                              ProcessId pid, std::string bundleID) {
-    configureGlobalAXTimeout(platform.accessibility());
-    std::shared_ptr<AppMonitor> monitor(new AppMonitor(platform, settings, debug, pid, std::move(bundleID)));
-    return monitor->createObserver() ? monitor : nullptr;
+    return std::shared_ptr<AppMonitor>(new AppMonitor(platform, settings, debug, pid, std::move(bundleID)));
 }
 
 AppMonitor::AppMonitor(Platform& platform, const AppSettings& settings, AmbrelDebug debug, ProcessId pid,
                        std::string bundleID)
-    : platform_(platform), settings_(settings), debug_(debug), pid_(pid), bundleID_(std::move(bundleID)),
-      appElement_(platform.accessibility().createApplication(pid)) {}
-
-AppMonitor::~AppMonitor() {
-    if (observer_) {
-        for (const auto name : notifications) {
-            observer_->removeNotification(name);
-        }
-    }
-}
-
-bool AppMonitor::createObserver() {
-    // The observer dies with this monitor, so its callback can't outlive it.
-    auto created =
-        platform_.accessibility().createObserver(pid_, [this](const std::string& name) { scheduleRecount(name); });
-    if (created.code != AXError::success || !created.observer) {
-        log_.error("AXObserverCreate failed ({}) for {}", static_cast<std::int32_t>(created.code), bundleID_);
-        return false;
-    }
-    observer_ = std::move(created.observer);
-    return true;
-}
+    : platform_(platform), settings_(settings), debug_(debug), pid_(pid), bundleID_(std::move(bundleID)) {}
 
 void AppMonitor::attachWithRetry(int attempt) {
-    if (!observer_) {
-        return;
-    }
-    if (addNotifications()) {
+    if (platform_.windowList().isReadable()) {
+        // The subscription dies with this monitor, so its callback can't outlive it.
+        events_ = platform_.windowList().observe(pid_, [this](WindowEvent event) { hear(event); });
         takeInitialCount();
     } else if (attempt >= static_cast<int>(attachRetryDelays.size())) {
         log_.error("attach gave up after retries for {}; requesting recreate", bundleID_);
@@ -77,18 +35,6 @@ void AppMonitor::attachWithRetry(int attempt) {
     } else {
         retryAttach(attempt);
     }
-}
-
-bool AppMonitor::addNotifications() {
-    bool clean = true;
-    for (const auto name : notifications) {
-        const auto code = observer_->addNotification(name);
-        if (code != AXError::success && code != AXError::notificationAlreadyRegistered) {
-            log_.error("addNotification {} -> {} for {}", name, static_cast<std::int32_t>(code), bundleID_);
-            clean = false;
-        }
-    }
-    return clean;
 }
 
 void AppMonitor::retryAttach(int attempt) {
@@ -103,21 +49,22 @@ void AppMonitor::retryAttach(int attempt) {
 
 void AppMonitor::takeInitialCount() {
     const auto self = shared_from_this(); // a failed read may make the owner let go of this monitor
-    lastCount_ = currentWindowCount().value_or(0);
-    noteAboveThreshold(lastCount_);
-    log_.notice("attached {} pid {} windows={} aboveThreshold={}", bundleID_, pid_, lastCount_,
+    last_ = currentCensus().value_or(WindowCensus{});
+    wasHidden_ = isHidden();
+    noteAboveThreshold(last_.count);
+    log_.notice("attached {} pid {} windows={} aboveThreshold={}", bundleID_, pid_, last_.count,
                 hasObservedAboveThreshold_);
 }
 
-void AppMonitor::scheduleRecount(const std::string& reason) {
-    lastReason_ = reason;
-    if (reason == "AXWindowMiniaturized" || reason == "AXApplicationHidden") {
+void AppMonitor::hear(WindowEvent event) {
+    lastReason_ = word(event);
+    if (event == WindowEvent::minimized || event == WindowEvent::hidden) {
         lastMinimizeAt_ = platform_.wallClock().now();
     }
-    if (recountPending_) {
+    hasVanished_ = hasVanished_ || event == WindowEvent::vanished;
+    if (std::exchange(recountPending_, true)) {
         return;
     }
-    recountPending_ = true;
     platform_.mainQueue().async([weak = weak_from_this()] {
         if (const auto self = weak.lock()) {
             self->recount();
@@ -127,23 +74,43 @@ void AppMonitor::scheduleRecount(const std::string& reason) {
 
 void AppMonitor::recount() {
     recountPending_ = false;
-    const auto previous = lastCount_;
-    const auto count = currentWindowCount();
-    if (!count) {
-        log_.debug("{} recount {} — AX read failed; keeping windows={}", bundleID_, lastReason_, previous);
+    const auto census = currentCensus();
+    if (!census) {
+        log_.debug("{} recount {} — AX read failed; keeping windows={}", bundleID_, lastReason_, last_.count);
         return;
     }
-    noteAboveThreshold(*count);
-    if (*count == previous) {
-        log_.debug("{} recount {} windows={} (no change)", bundleID_, lastReason_, previous);
-        return;
+    noteAboveThreshold(census->count);
+    const bool hidingChanged = noteHiding(census->count);
+    const auto previous = std::exchange(last_, *census);
+    if (previous.count != last_.count) {
+        lastDropWasJump_ = isJump(previous.count, last_.count);
     }
-    lastDropWasJump_ = isJump(previous, *count);
-    lastCount_ = *count;
-    log_.notice("{} windows {}->{} ({}) aboveThreshold={}", bundleID_, previous, lastCount_, lastReason_,
-                hasObservedAboveThreshold_);
-    if (onCountChange) {
+    logChange(previous);
+    if ((previous != last_ || hidingChanged) && onCountChange) {
         onCountChange(*this);
+    }
+}
+
+/// True if the application has hidden, or the window by which it was hidden has been destroyed. Without a destroyed
+/// window nothing was closed: an icon may have left the tray with the tray itself.
+bool AppMonitor::noteHiding(std::ptrdiff_t count) {
+    const bool before = std::exchange(wasHidden_, isHidden());
+    const bool closed = std::exchange(hasVanished_, false) && before && !wasHidden_ && count == 0;
+    if (closed) {
+        lastMinimizeAt_.reset();
+    }
+    return closed || (!before && wasHidden_);
+}
+
+void AppMonitor::logChange(const WindowCensus& previous) const {
+    if (previous.count != last_.count) {
+        log_.notice("{} windows {}->{} ({}) aboveThreshold={}", bundleID_, previous.count, last_.count, lastReason_,
+                    hasObservedAboveThreshold_);
+    } else {
+        log_.debug("{} recount {} windows={} (no change)", bundleID_, lastReason_, last_.count);
+    }
+    if (previous.openDialogs != last_.openDialogs) {
+        log_.notice("{} dialogs {}->{} ({})", bundleID_, previous.openDialogs, last_.openDialogs, lastReason_);
     }
 }
 
@@ -157,50 +124,56 @@ bool AppMonitor::isJump(std::ptrdiff_t previous, std::ptrdiff_t count) const {
     return settings_.quitOnlyWhenOneWindowLeft.get() ? count <= 0 && previous >= 2 : count <= 1 && previous >= 3;
 }
 
+bool AppMonitor::isHidden() const {
+    const auto app = platform_.workspace().runningApplication(pid_);
+    return app && app->isHidden();
+}
+
 std::optional<std::ptrdiff_t> AppMonitor::currentWindowCount() {
-    const auto reading = appElement_->copyWindows();
-    switch (reading.code) {
-    case AXError::success:
-        break;
-    case AXError::noValue:
-        return std::nullopt;
-    case AXError::cannotComplete:
-        log_.error("copy windows -> cannotComplete (-25204) for {}; requesting recreate", bundleID_);
-        reportFailure();
-        return std::nullopt;
-    default:
-        log_.error("copy windows -> {} for {}", static_cast<std::int32_t>(reading.code), bundleID_);
+    const auto census = currentCensus();
+    return census ? std::optional(census->count) : std::nullopt;
+}
+
+std::ptrdiff_t AppMonitor::currentDialogs() const {
+    const auto reading = platform_.windowList().reading(pid_);
+    const auto* const windows = std::get_if<std::vector<ApplicationWindow>>(&reading);
+    return windows != nullptr ? takeCensus(*windows).openDialogs : 0;
+}
+
+std::optional<WindowCensus> AppMonitor::currentCensus() {
+    const auto reading = platform_.windowList().reading(pid_);
+    if (const auto* const reason = std::get_if<Unreadable>(&reading)) {
+        if (*reason == Unreadable::noWindowManager) {
+            log_.error("read windows -> {} for {}; requesting recreate", word(*reason), bundleID_);
+            reportFailure();
+        } else if (*reason != Unreadable::processGone) {
+            log_.error("read windows -> {} for {}", word(*reason), bundleID_);
+        }
         return std::nullopt;
     }
-    if (!reading.windows) {
-        return 0;
-    }
-    const auto count = countWindows(*reading.windows);
+    const auto& windows = std::get<std::vector<ApplicationWindow>>(reading);
+    const auto census = takeCensus(windows);
     if (debug_.windows) {
-        logRawWindows(*reading.windows, count);
+        logRawWindows(windows, census.count);
     }
-    return count;
+    return census;
 }
 
 void AppMonitor::reportFailure() {
-    if (axFailed_) {
-        return;
-    }
-    axFailed_ = true;
-    if (onAXFailure) {
+    if (!std::exchange(axFailed_, true) && onAXFailure) {
         onAXFailure(*this);
     }
 }
 
-void AppMonitor::logRawWindows(const std::vector<WindowElement>& windows, std::ptrdiff_t count) const {
+void AppMonitor::logRawWindows(const std::vector<ApplicationWindow>& windows, std::ptrdiff_t count) const {
     log_.notice("{} raw window list: {} elements -> {} standard", bundleID_, windows.size(), count);
     for (std::size_t index = 0; index < windows.size(); ++index) {
         const auto& window = windows[index];
-        log_.notice("  window[{}] role={} subrole={} minimized={}", index, window.role.value_or("?"),
-                    window.subrole.value_or("?"), word(window.minimized));
+        log_.notice("  window[{}] kind={} minimized={} onDesktop={} certain={}", index, word(window.kind),
+                    window.minimized, window.onDesktop, window.certain);
     }
-    const auto app = platform_.workspace().runningApplication(pid_);
-    log_.notice("{} appHidden={}", bundleID_, word(app ? std::optional(app->isHidden()) : std::nullopt));
+    log_.notice("{} appHidden={}", bundleID_,
+                platform_.workspace().runningApplication(pid_) ? isHidden() ? "true" : "false" : "?");
 }
 
 } // namespace ambrel

@@ -2,9 +2,10 @@
 
 #include "Core/MainQueue.h"
 #include "Engine/DevGuard.h"
-#include "Engine/QuitNotifier.h"
+#include "Engine/QuitRequests.h"
 #include "Platform/Environment.h"
 #include "Platform/Platform.h"
+#include "Platform/WindowList.h"
 #include "Platform/Workspace.h"
 #include "State/AppRulesStore.h"
 #include "State/AppSettings.h"
@@ -69,9 +70,11 @@ void IdleMonitor::scheduleEvaluation() {
 
 void IdleMonitor::touch(const RunningApplicationRef& app) {
     lastActive_[app->processIdentifier()] = neighbours_.clock.now();
+    askedToHide_.erase(app->processIdentifier());
 }
 
 void IdleMonitor::appTerminated(const RunningApplicationRef& app) {
+    askedToHide_.erase(app->processIdentifier());
     if (lastActive_.erase(app->processIdentifier()) > 0) {
         log_.notice("pruned pid {} ({}) on termination", app->processIdentifier(),
                     app->bundleIdentifier().value_or("?"));
@@ -112,32 +115,47 @@ void IdleMonitor::evaluate(const RunningApplicationRef& app, Date now) {
     if (rule->idleBehavior == AppRule::IdleBehavior::hide) {
         hide(*app, *bundleID, idle);
     } else {
-        quit(*app, *bundleID, idle);
+        quit(app, *bundleID, idle);
     }
 }
 
+/// Not every window manager complies, so it is asked once only.
 void IdleMonitor::hide(RunningApplication& app, const std::string& bundleID, Seconds idle) {
-    if (app.isHidden()) {
+    const auto pid = app.processIdentifier();
+    if (app.isHidden() || askedToHide_.contains(pid) || !hasWindowOnDesktop(pid)) {
         return;
     }
+    askedToHide_.insert(pid);
     log_.notice("idle-hide {} (idle {:.0f}s)", bundleID, wholeSeconds(idle));
     neighbours_.audit.record(TerminationAudit::Path::idle, app, TerminationAudit::Action::hidden, detail(idle));
     app.hide();
 }
 
-void IdleMonitor::quit(RunningApplication& app, const std::string& bundleID, Seconds idle) {
-    const auto pid = app.processIdentifier();
+bool IdleMonitor::hasWindowOnDesktop(ProcessId pid) const {
+    const auto reading = platform_.windowList().reading(pid);
+    const auto* const windows = std::get_if<std::vector<ApplicationWindow>>(&reading);
+    return windows != nullptr &&
+           std::any_of(windows->begin(), windows->end(), [](const auto& window) { return window.onDesktop; });
+}
+
+void IdleMonitor::quit(const RunningApplicationRef& app, const std::string& bundleID, Seconds idle) {
     // Without its entry the application reads as not idle, so it is asked once only.
-    lastActive_.erase(pid);
-    if (!neighbours_.guard.mayTerminate(app, TerminationAudit::Path::idle)) {
+    lastActive_.erase(app->processIdentifier());
+    if (!neighbours_.guard.mayTerminate(*app, TerminationAudit::Path::idle)) {
         return;
     }
-    log_.notice("idle-quit {} (idle {:.0f}s)", bundleID, wholeSeconds(idle));
-    neighbours_.audit.record(TerminationAudit::Path::idle, app, TerminationAudit::Action::terminated, detail(idle));
-    const auto name = app.localizedName().value_or(bundleID);
-    const auto url = app.bundleURL();
-    app.terminate();
-    neighbours_.notifier.notifyQuit(name, url, pid, TerminationAudit::Path::idle);
+    neighbours_.requests.ask(
+        {.app = app,
+         .path = TerminationAudit::Path::idle,
+         .detail = detail(idle),
+         .stillHolds =
+             [this, pid = app->processIdentifier()] {
+                 // An entry says that it has been used meanwhile.
+                 return !lastActive_.contains(pid) && !neighbours_.settings.isPaused.get();
+             },
+         .willSend = [this, bundleID,
+                      idle] { log_.notice("idle-quit {} (idle {:.0f}s)", bundleID, wholeSeconds(idle)); },
+         .notifies = true});
 }
 
 } // namespace ambrel

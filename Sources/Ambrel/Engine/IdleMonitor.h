@@ -7,6 +7,7 @@
 #include "Platform/RunningApplication.h"
 
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace ambrel {
@@ -17,7 +18,7 @@ class AppSettings;
 class Clock;
 class DevGuard;
 class Platform;
-class QuitNotifier;
+class QuitRequests;
 
 /// Hides or quits applications that have been idle for longer than their own rule allows. Idle is the time since an
 /// application last became active or stopped being active, and nothing else. Main thread only.
@@ -28,7 +29,7 @@ public:
         const AppRulesStore& rules;
         DevGuard& guard;
         TerminationAudit& audit;
-        QuitNotifier& notifier;
+        QuitRequests& requests;
         const Clock& clock;
     };
 
@@ -45,7 +46,8 @@ private:
     void evaluate();
     void evaluate(const RunningApplicationRef& app, Date now);
     void hide(RunningApplication& app, const std::string& bundleID, Seconds idle);
-    void quit(RunningApplication& app, const std::string& bundleID, Seconds idle);
+    void quit(const RunningApplicationRef& app, const std::string& bundleID, Seconds idle);
+    [[nodiscard]] bool hasWindowOnDesktop(ProcessId pid) const;
     [[nodiscard]] double thresholdSeconds(const AppRule& rule) const;
     void touch(const RunningApplicationRef& app);
     void appTerminated(const RunningApplicationRef& app);
@@ -54,6 +56,7 @@ private:
     Neighbours neighbours_;
     Logger log_{"idle"};
     std::unordered_map<ProcessId, Date> lastActive_;
+    std::unordered_set<ProcessId> askedToHide_; ///< since they were last in use
     const Seconds interval_;
     std::vector<Subscription> observers_;
     Lifetime lifetime_;

@@ -1,6 +1,7 @@
 #include "Engine/QuitAll.h"
 
 #include "Engine/DevGuard.h"
+#include "Engine/QuitRequests.h"
 #include "Engine/TerminationAudit.h"
 #include "Platform/Bundle.h"
 #include "Platform/Platform.h"
@@ -22,13 +23,14 @@ constexpr std::array<std::string_view, 7> systemCritical{
 } // namespace
 
 QuitAll& QuitAll::shared() {
-    static auto& quitAll =
-        *new QuitAll(Platform::shared(), AppRulesStore::shared(), DevGuard::shared(), TerminationAudit::shared());
+    static auto& quitAll = *new QuitAll(Platform::shared(), AppRulesStore::shared(), DevGuard::shared(),
+                                        TerminationAudit::shared(), QuitRequests::shared());
     return quitAll;
 }
 
-QuitAll::QuitAll(Platform& platform, const AppRulesStore& rules, DevGuard& guard, TerminationAudit& audit)
-    : platform_(platform), rules_(rules), guard_(guard), audit_(audit) {}
+QuitAll::QuitAll(Platform& platform, const AppRulesStore& rules, DevGuard& guard, TerminationAudit& audit,
+                 QuitRequests& requests)
+    : platform_(platform), rules_(rules), guard_(guard), audit_(audit), requests_(requests) {}
 
 std::vector<RunningApplicationRef> QuitAll::eligibleApps() const {
     auto apps = platform_.workspace().runningApplications();
@@ -52,22 +54,27 @@ int QuitAll::run(bool force) {
     const auto apps = eligibleApps();
     for (const auto& app : apps) {
         if (guard_.mayTerminate(*app, TerminationAudit::Path::quitAll)) {
-            quit(*app, force);
+            force ? end(*app) : quit(app);
         }
     }
     log_.notice("Quit All: requested {} of {} apps", force ? "force-quit" : "quit", apps.size());
     return static_cast<int>(apps.size());
 }
 
-void QuitAll::quit(RunningApplication& app, bool force) {
-    using Action = TerminationAudit::Action;
-    log_.notice("Quit All: {} {}", force ? "force-quitting" : "quitting", app.bundleIdentifier().value_or("?"));
-    audit_.record(TerminationAudit::Path::quitAll, app, force ? Action::forceTerminated : Action::terminated);
-    if (force) {
-        app.forceTerminate();
-    } else {
-        app.terminate();
-    }
+void QuitAll::quit(const RunningApplicationRef& app) {
+    requests_.ask({.app = app,
+                   .path = TerminationAudit::Path::quitAll,
+                   .stillHolds = [this, app] { return isEligible(*app); },
+                   .willSend =
+                       [this, app] {
+                           log_.notice("Quit All: quitting {}", app->bundleIdentifier().value_or("?"));
+                       }});
+}
+
+void QuitAll::end(RunningApplication& app) {
+    log_.notice("Quit All: force-quitting {}", app.bundleIdentifier().value_or("?"));
+    audit_.record(TerminationAudit::Path::quitAll, app, TerminationAudit::Action::forceTerminated);
+    app.forceTerminate();
 }
 
 } // namespace ambrel

@@ -10,6 +10,7 @@ namespace ambrel {
 class AppRulesStore;
 class DevGuard;
 class Platform;
+class QuitRequests;
 class TerminationAudit;
 
 /// Asks every ordinary application to quit, in one go, on the user's command. Main thread only.
@@ -17,7 +18,8 @@ class QuitAll {
 public:
     [[nodiscard]] static QuitAll& shared();
 
-    QuitAll(Platform& platform, const AppRulesStore& rules, DevGuard& guard, TerminationAudit& audit);
+    QuitAll(Platform& platform, const AppRulesStore& rules, DevGuard& guard, TerminationAudit& audit,
+            QuitRequests& requests);
 
     /// The applications that `run` would address now.
     [[nodiscard]] std::vector<RunningApplicationRef> eligibleApps() const;
@@ -26,12 +28,14 @@ public:
 
 private:
     [[nodiscard]] bool isEligible(const RunningApplication& app) const;
-    void quit(RunningApplication& app, bool force);
+    void quit(const RunningApplicationRef& app);
+    void end(RunningApplication& app);
 
     Platform& platform_;
     const AppRulesStore& rules_;
     DevGuard& guard_;
     TerminationAudit& audit_;
+    QuitRequests& requests_;
     Logger log_{"engine"};
 };
 

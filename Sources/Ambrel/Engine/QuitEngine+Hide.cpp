@@ -1,6 +1,6 @@
 #include "Engine/DevGuard.h"
 #include "Engine/QuitEngine.h"
-#include "Engine/QuitNotifier.h"
+#include "Engine/QuitRequests.h"
 #include "Engine/SystemState.h"
 #include "Platform/Bundle.h"
 #include "Platform/Platform.h"
@@ -69,18 +69,25 @@ void QuitEngine::performHideQuit(ProcessId pid, const std::string& bundleID) {
     }
     if (neighbours_.systemState.isTrustworthy() &&
         neighbours_.guard.mayTerminate(*app, TerminationAudit::Path::hidden)) {
-        terminateHidden(*app, bundleID);
+        terminateHidden(app, bundleID);
     }
 }
 
-void QuitEngine::terminateHidden(RunningApplication& app, const std::string& bundleID) {
-    const auto pid = app.processIdentifier();
-    log_.notice("hide-quit terminating {} pid {}", bundleID, pid);
-    neighbours_.audit.record(TerminationAudit::Path::hidden, app, TerminationAudit::Action::terminated, "hidden");
-    const auto name = app.localizedName().value_or(bundleID);
-    const auto url = app.bundleURL();
-    app.terminate();
-    neighbours_.notifier.notifyQuit(name, url, pid, TerminationAudit::Path::hidden);
+void QuitEngine::terminateHidden(const RunningApplicationRef& app, const std::string& bundleID) {
+    neighbours_.requests.ask({.app = app,
+                              .path = TerminationAudit::Path::hidden,
+                              .detail = "hidden",
+                              .stillHolds =
+                                  [this, app, bundleID, era = era_] {
+                                      return era == era_ && app->isHidden() && quitsWhenHidden(bundleID) &&
+                                             !neighbours_.settings.isPaused.get() &&
+                                             neighbours_.systemState.isTrustworthy();
+                                  },
+                              .willSend =
+                                  [this, bundleID, pid = app->processIdentifier()] {
+                                      log_.notice("hide-quit terminating {} pid {}", bundleID, pid);
+                                  },
+                              .notifies = true});
 }
 
 } // namespace ambrel

@@ -1,6 +1,6 @@
 #include "Engine/AppMonitor.h"
 #include "Engine/QuitEngine.h"
-#include "Engine/QuitNotifier.h"
+#include "Engine/QuitRequests.h"
 #include "Engine/SystemState.h"
 #include "Platform/Platform.h"
 #include "Platform/Workspace.h"
@@ -39,7 +39,9 @@ QuitPolicy::CountChangeState QuitEngine::countChangeState(const AppMonitor& moni
             .isPaused = neighbours_.settings.isPaused.get(),
             .appIsHidden = app && app->isHidden(),
             .recentlyMinimized = recentlyMinimized(monitor),
-            .untrustedReason = untrustedReason()};
+            .untrustedReason = untrustedReason(),
+            .openDialogs = monitor.openDialogs(),
+            .requestInFlight = neighbours_.requests.inFlight(monitor.pid()).has_value()};
 }
 
 void QuitEngine::act(const QuitPolicy::CountChangeAction& action, const AppMonitor& monitor) {
@@ -69,6 +71,14 @@ void QuitEngine::ignore(const QuitPolicy::IgnoreReason& reason, const AppMonitor
                                    "(lock/display-sleep/session teardown)",
                                    bundleID, state.reason);
                        recordUntrusted(monitor.pid(), bundleID, state.reason);
+                       cancelQuit(monitor.pid());
+                   },
+                   [&](QuitPolicy::RequestInFlight) {
+                       log_.notice("skip quit: {} has been asked to quit already", bundleID);
+                       cancelQuit(monitor.pid());
+                   },
+                   [&](QuitPolicy::DialogOpen open) {
+                       log_.notice("skip quit: {} has {} open dialog(s)", bundleID, open.dialogs);
                        cancelQuit(monitor.pid());
                    },
                },
@@ -101,7 +111,6 @@ void QuitEngine::performQuit(ProcessId pid, const std::string& bundleID) {
     pendingQuits_.erase(pid);
     const auto target = validateQuit(pid, bundleID, "quit check 1/2");
     if (!target) {
-        retryIfCGVeto(pid, bundleID);
         return;
     }
     const bool jump = target->monitor->lastDropWasJump();
@@ -115,20 +124,42 @@ void QuitEngine::confirmAndTerminate(ProcessId pid, const std::string& bundleID)
     pendingQuits_.erase(pid);
     const auto target = validateQuit(pid, bundleID, "quit check 2/2");
     if (!target) {
-        retryIfCGVeto(pid, bundleID);
         return;
     }
-    terminate(*target->app, *target->monitor);
+    terminate(*target);
 }
 
-void QuitEngine::terminate(RunningApplication& app, const AppMonitor& monitor) {
-    log_.notice("quitting {} pid {} (windows={})", monitor.bundleID(), monitor.pid(), monitor.lastCount());
-    neighbours_.audit.record(TerminationAudit::Path::lastWindow, app, TerminationAudit::Action::terminated,
-                             fmt::format("windows={}", monitor.lastCount()));
-    const auto name = app.localizedName().value_or(monitor.bundleID());
-    const auto url = app.bundleURL();
-    app.terminate();
-    neighbours_.notifier.notifyQuit(name, url, monitor.pid(), TerminationAudit::Path::lastWindow);
+void QuitEngine::terminate(const Target& target) {
+    const auto pid = target.monitor->pid();
+    const auto count = target.monitor->lastCount();
+    neighbours_.requests.ask({.app = target.app,
+                              .path = TerminationAudit::Path::lastWindow,
+                              .detail = fmt::format("windows={}", count),
+                              .stillHolds = [this, target] { return isStillClosed(target); },
+                              .willSend =
+                                  [this, pid, count, bundleID = target.monitor->bundleID()] {
+                                      log_.notice("quitting {} pid {} (windows={})", bundleID, pid, count);
+                                  },
+                              .wasDropped = lifetime_.guard([this, pid] { reevaluate(pid); }),
+                              .notifies = true});
+}
+
+void QuitEngine::reevaluate(ProcessId pid) {
+    if (const auto monitor = monitors_.find(pid); monitor != monitors_.end()) {
+        evaluateQuit(*monitor->second);
+    }
+}
+
+/// Everything but the guard, which has been asked, and the window server, which only ever delays.
+bool QuitEngine::isStillClosed(const Target& target) const {
+    const auto& monitor = *target.monitor;
+    const auto known = monitors_.find(monitor.pid());
+    auto state = fireTimeState(monitor.pid(), monitor.bundleID(), target);
+    state.hasMonitor = known != monitors_.end() && known->second == target.monitor;
+    state.requestInFlight = false;
+    const auto result = QuitPolicy::validateFire(
+        state, [] { return true; }, [&] { return target.monitor->currentWindowCount(); }, [] { return std::nullopt; });
+    return std::holds_alternative<QuitPolicy::Proceed>(result);
 }
 
 void QuitEngine::recordUntrusted(ProcessId pid, const std::string& bundleID, const std::string& reason) {

@@ -14,7 +14,6 @@ namespace {
 
 constexpr int recreateGiveUpAfter = 5;
 constexpr Seconds recreateHealthyWindow{60.0};
-constexpr double launchDelay = 0.5;
 constexpr double firstRecreateDelay = 0.5;
 constexpr double longestRecreateDelay = 8.0;
 
@@ -60,10 +59,6 @@ void QuitEngine::createMonitor(ProcessId pid, const std::string& bundleID) {
         return;
     }
     const auto monitor = AppMonitor::make(platform_, neighbours_.settings, debug_, pid, bundleID);
-    if (!monitor) {
-        log_.error("could not create monitor for {}", bundleID);
-        return;
-    }
     monitor->onAXFailure = lifetime_.guard([this](AppMonitor& failed) { recreate(failed.pid(), failed.bundleID()); });
     monitor->onCountChange = lifetime_.guard([this](AppMonitor& changed) { evaluateQuit(changed); });
     monitors_[pid] = monitor;
@@ -127,9 +122,9 @@ int QuitEngine::removeUnwantedMonitors() {
     return removed;
 }
 
-void QuitEngine::addMissingMonitors() {
+void QuitEngine::addMissingMonitors(double delay) {
     for (const auto& app : platform_.workspace().runningApplications()) {
-        addMonitor(app, 0);
+        addMonitor(app, delay);
     }
     monitoredCount.set(static_cast<int>(monitors_.size()));
 }
@@ -167,6 +162,7 @@ int QuitEngine::lengthenStreak(ProcessId pid) {
 }
 
 void QuitEngine::recreateAll() {
+    ++era_;
     for (auto* works : {&pendingQuits_, &pendingHideQuits_}) {
         for (const auto& [pid, work] : *works) {
             work->cancel();

@@ -1,6 +1,7 @@
 #include "Engine/AppMonitor.h"
 #include "Engine/DevGuard.h"
 #include "Engine/QuitEngine.h"
+#include "Engine/QuitRequests.h"
 #include "Engine/WindowOracle.h"
 #include "Platform/Bundle.h"
 #include "Platform/Platform.h"
@@ -12,13 +13,13 @@ namespace ambrel {
 
 std::optional<QuitEngine::Target> QuitEngine::validateQuit(ProcessId pid, const std::string& bundleID,
                                                            const std::string& stage) {
-    cgVetoJustFired_ = false;
     const auto monitor = monitors_.find(pid);
     const Target target{platform_.workspace().runningApplication(pid),
                         monitor != monitors_.end() ? monitor->second : nullptr};
     const auto result = judge(pid, bundleID, target);
     if (const auto* abort = std::get_if<QuitPolicy::Abort>(&result)) {
         logAbort(abort->reason, pid, bundleID, stage);
+        retryIfCGVeto(abort->reason, pid, bundleID);
         return std::nullopt;
     }
     return target;
@@ -52,7 +53,9 @@ QuitPolicy::FireTimeState QuitEngine::fireTimeState(ProcessId pid, const std::st
             .appIsHidden = monitor && app && app->isHidden(),
             .recentlyMinimized = monitor && recentlyMinimized(*monitor),
             .hasObservedAboveThreshold = monitor && monitor->hasObservedAboveThreshold(),
-            .threshold = QuitPolicy::threshold(settings.quitOnlyWhenOneWindowLeft.get())};
+            .threshold = QuitPolicy::threshold(settings.quitOnlyWhenOneWindowLeft.get()),
+            .openDialogs = monitor ? monitor->currentDialogs() : 0,
+            .requestInFlight = neighbours_.requests.inFlight(pid).has_value()};
 }
 
 void QuitEngine::logAbort(const QuitPolicy::AbortReason& reason, ProcessId pid, const std::string& bundleID,
@@ -75,18 +78,20 @@ void QuitEngine::logAbort(const QuitPolicy::AbortReason& reason, ProcessId pid, 
         neighbours_.audit.record(TerminationAudit::Path::lastWindow, bundleID, bundleID, pid,
                                  TerminationAudit::Action::skippedCGWindowsExist,
                                  fmt::format("cg_windows={}", veto->cgWindows));
-        cgVetoJustFired_ = true;
     } else if (const auto* state = std::get_if<QuitPolicy::UntrustedSystemState>(&reason)) {
         log_.notice("{}: {} — {}; skipping quit (window count not trustworthy)", stage, bundleID, state->reason);
         recordUntrusted(pid, bundleID, state->reason);
+    } else if (std::holds_alternative<QuitPolicy::RequestInFlight>(reason)) {
+        log_.notice("{}: {} has been asked to quit already — skipping quit", stage, bundleID);
+    } else if (const auto* open = std::get_if<QuitPolicy::DialogOpen>(&reason)) {
+        log_.notice("{}: {} has {} open dialog(s) — skipping quit", stage, bundleID, open->dialogs);
     }
 }
 
-void QuitEngine::retryIfCGVeto(ProcessId pid, const std::string& bundleID) {
-    if (!cgVetoJustFired_) {
+void QuitEngine::retryIfCGVeto(const QuitPolicy::AbortReason& reason, ProcessId pid, const std::string& bundleID) {
+    if (!std::holds_alternative<QuitPolicy::CGVeto>(reason)) {
         return;
     }
-    cgVetoJustFired_ = false;
     const auto prior = cgVetoRetries_.find(pid);
     const auto next = QuitPolicy::nextCGVetoRetry(prior != cgVetoRetries_.end() ? prior->second : 0);
     const auto* retry = std::get_if<QuitPolicy::Retry>(&next);

@@ -3,6 +3,7 @@
 #include "Engine/AppMonitor.h"
 #include "Engine/DevGuard.h"
 #include "Engine/QuitNotifier.h"
+#include "Engine/QuitRequests.h"
 #include "Engine/SleepWakeHandler.h"
 #include "Engine/SystemState.h"
 #include "Engine/WindowOracle.h"
@@ -22,7 +23,7 @@ QuitEngine& QuitEngine::shared() {
     static auto& engine =
         *new QuitEngine(Platform::shared(), {AppSettings::shared(), AppRulesStore::shared(), SystemState::shared(),
                                              DevGuard::shared(), WindowOracle::shared(), TerminationAudit::shared(),
-                                             QuitNotifier::shared(), AppClock::shared()});
+                                             QuitNotifier::shared(), QuitRequests::shared(), AppClock::shared()});
     return engine;
 }
 
@@ -30,7 +31,7 @@ QuitEngine::QuitEngine(Platform& platform, Neighbours neighbours)
     : platform_(platform), neighbours_(neighbours), debug_(AmbrelDebug::read(platform.environment())),
       selfPID_(platform.workspace().currentProcessIdentifier()),
       idleMonitor_(platform, {neighbours.settings, neighbours.rules, neighbours.guard, neighbours.audit,
-                              neighbours.notifier, neighbours.clock}) {}
+                              neighbours.requests, neighbours.clock}) {}
 
 QuitEngine::~QuitEngine() = default;
 
@@ -43,6 +44,7 @@ void QuitEngine::start() {
     addMissingMonitors();
     idleMonitor_.start();
     observeTrust();
+    observeWindowManager();
     observeChoices();
     log_.notice("engine started; monitoring {} apps", monitors_.size());
 }
@@ -61,6 +63,17 @@ void QuitEngine::observeTrust() {
         recreateAll();
     });
     neighbours_.systemState.start();
+}
+
+/// Monitors that failed meanwhile come back too, as what they failed at can be done again.
+void QuitEngine::observeWindowManager() {
+    readableObserver_ = platform_.windowList().readableDidChange.subscribe([this](bool readable) {
+        if (readable) {
+            log_.notice("a window manager publishes its windows again — rebuilding monitors");
+            recreateAll();
+            addMissingMonitors(launchDelay);
+        }
+    });
 }
 
 void QuitEngine::observeChoices() {

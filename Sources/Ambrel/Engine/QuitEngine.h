@@ -26,6 +26,7 @@ class Clock;
 class DevGuard;
 class Platform;
 class QuitNotifier;
+class QuitRequests;
 class SleepWakeHandler;
 class SystemState;
 class WindowOracle;
@@ -42,6 +43,7 @@ public:
         const WindowOracle& oracle;
         TerminationAudit& audit;
         QuitNotifier& notifier;
+        QuitRequests& requests;
         const Clock& clock; ///< dates what is compared across long spans
     };
 
@@ -65,6 +67,9 @@ public:
     Observable<int> monitoredCount{0};
 
 private:
+    /// Seconds until an application that came, or came back, is watched.
+    static constexpr double launchDelay = 0.5;
+
     using AppMonitorRef = std::shared_ptr<AppMonitor>;
     using PendingWorks = std::unordered_map<ProcessId, WorkItemRef>;
     struct RecreateStreak {
@@ -79,6 +84,7 @@ private:
     // Monitors and reconcile: QuitEngine.cpp, QuitEngine+Monitors.cpp
     void observeWorkspace();
     void observeTrust();
+    void observeWindowManager();
     void observeChoices();
     void applyPause(bool isPaused);
     void rulesWillChange();
@@ -87,7 +93,7 @@ private:
     void createMonitor(ProcessId pid, const std::string& bundleID);
     void removeMonitor(ProcessId pid);
     [[nodiscard]] int removeUnwantedMonitors();
-    void addMissingMonitors();
+    void addMissingMonitors(double delay = 0);
     [[nodiscard]] RunningApplicationRef livingApplication(ProcessId pid) const;
     void appLaunched(const RunningApplicationRef& app);
     void appTerminated(const RunningApplicationRef& app);
@@ -96,6 +102,7 @@ private:
 
     // The last-window path: QuitEngine+LastWindow.cpp, QuitEngine+Validation.cpp
     void evaluateQuit(AppMonitor& monitor);
+    void reevaluate(ProcessId pid);
     [[nodiscard]] QuitPolicy::CountChangeState countChangeState(const AppMonitor& monitor) const;
     void act(const QuitPolicy::CountChangeAction& action, const AppMonitor& monitor);
     void ignore(const QuitPolicy::IgnoreReason& reason, const AppMonitor& monitor);
@@ -103,9 +110,12 @@ private:
     void cancelQuit(ProcessId pid);
     void performQuit(ProcessId pid, const std::string& bundleID);
     void confirmAndTerminate(ProcessId pid, const std::string& bundleID);
-    void terminate(RunningApplication& app, const AppMonitor& monitor);
+    void terminate(const Target& target);
+    /// Whether a look right before the request still finds what was decided on.
+    [[nodiscard]] bool isStillClosed(const Target& target) const;
     /// Holds `work` as the one timer of this process.
     void submit(ProcessId pid, double delay, std::function<void(QuitEngine&)> work);
+    /// Acts on a refusal: says why, and prepares the next look where one is due.
     [[nodiscard]] std::optional<Target> validateQuit(ProcessId pid, const std::string& bundleID,
                                                      const std::string& stage);
     [[nodiscard]] QuitPolicy::FireTimeState fireTimeState(ProcessId pid, const std::string& bundleID,
@@ -113,7 +123,7 @@ private:
     [[nodiscard]] QuitPolicy::ValidationResult judge(ProcessId pid, const std::string& bundleID, const Target& target);
     void logAbort(const QuitPolicy::AbortReason& reason, ProcessId pid, const std::string& bundleID,
                   const std::string& stage);
-    void retryIfCGVeto(ProcessId pid, const std::string& bundleID);
+    void retryIfCGVeto(const QuitPolicy::AbortReason& reason, ProcessId pid, const std::string& bundleID);
     void recordUntrusted(ProcessId pid, const std::string& bundleID, const std::string& reason);
     [[nodiscard]] std::optional<std::string> untrustedReason() const;
     [[nodiscard]] bool recentlyMinimized(const AppMonitor& monitor) const;
@@ -124,7 +134,7 @@ private:
     [[nodiscard]] bool isLaunchArtifact(const RunningApplication& app) const;
     void scheduleHideQuit(ProcessId pid, const std::string& bundleID);
     void performHideQuit(ProcessId pid, const std::string& bundleID);
-    void terminateHidden(RunningApplication& app, const std::string& bundleID);
+    void terminateHidden(const RunningApplicationRef& app, const std::string& bundleID);
 
     Platform& platform_;
     Neighbours neighbours_;
@@ -134,16 +144,16 @@ private:
     std::map<ProcessId, AppMonitorRef> monitors_;
     PendingWorks pendingQuits_;
     PendingWorks pendingHideQuits_;
-    /// Handed over from a validation to the retry that follows it in the same turn of the queue.
-    bool cgVetoJustFired_ = false;
     std::unordered_map<ProcessId, int> cgVetoRetries_;
     std::unique_ptr<SleepWakeHandler> sleepWake_;
     IdleMonitor idleMonitor_;
     std::vector<Subscription> workspaceObservers_;
+    Subscription readableObserver_;
     Subscription pauseObserver_;
     Subscription rulesObserver_;
     WorkItemRef rulesDebounce_;
     bool started_ = false;
+    int era_ = 0; ///< counts how often everything began anew
     std::unordered_map<ProcessId, RecreateStreak> recreateStreaks_;
     Lifetime lifetime_;
 };

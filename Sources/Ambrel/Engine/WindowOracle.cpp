@@ -1,6 +1,7 @@
 #include "Engine/WindowOracle.h"
 
 #include "Platform/Platform.h"
+#include "Platform/WindowList.h"
 
 #include <algorithm>
 
@@ -20,7 +21,8 @@ bool isWindowOf(ProcessId pid, const WindowInfo& window, const std::vector<Rect>
     if (window.alpha && *window.alpha <= alphaLimit) {
         return false;
     }
-    if (!window.bounds) {
+    // A dialog may be as small as it likes.
+    if (!window.bounds || window.kind == WindowKind::dialog) {
         return true;
     }
     if (window.bounds->width < minimumSide || window.bounds->height < minimumSide) {

@@ -20,7 +20,7 @@ constexpr Seconds deepLinkDelay{3.0};
 
 OnboardingModel::OnboardingModel(Platform& platform, QuitEngine& engine)
     : platform_(platform), engine_(engine), permissionTimer_(platform.mainQueue()) {
-    if (platform_.accessibility().isProcessTrusted()) {
+    if (platform_.windowList().isReadable()) {
         state.set(OnboardingState::demo);
         beginDemo();
     }
@@ -31,12 +31,12 @@ OnboardingModel::~OnboardingModel() {
 }
 
 void OnboardingModel::getStarted() {
-    AccessibilityGate::promptForTrust(platform_.accessibility());
+    AccessibilityGate::promptForTrust(platform_.windowList());
     state.set(OnboardingState::waitingForPermission);
     permissionTimer_.start(permissionInterval, [this] { permissionTick(); });
     cancelDeepLink();
     deepLinkTimer_ = platform_.mainQueue().asyncAfter(deepLinkDelay, lifetime_.guard([this] {
-        if (!platform_.accessibility().isProcessTrusted()) {
+        if (!platform_.windowList().isReadable()) {
             openSettingsLink();
         }
     }));
@@ -44,7 +44,7 @@ void OnboardingModel::getStarted() {
 
 void OnboardingModel::openSystemSettings() {
     cancelDeepLink();
-    AccessibilityGate::promptForTrust(platform_.accessibility());
+    AccessibilityGate::promptForTrust(platform_.windowList());
     openSettingsLink();
 }
 
@@ -59,7 +59,7 @@ void OnboardingModel::cancelDeepLink() {
 }
 
 void OnboardingModel::permissionTick() {
-    if (!platform_.accessibility().isProcessTrusted()) {
+    if (!platform_.windowList().isReadable()) {
         return;
     }
     permissionTimer_.stop();

@@ -2,6 +2,7 @@
 
 #include "Core/MainQueue.h"
 #include "Engine/DevGuard.h"
+#include "Engine/QuitRequests.h"
 #include "Engine/TerminationAudit.h"
 #include "Platform/Bundle.h"
 #include "Platform/Platform.h"
@@ -83,26 +84,31 @@ void RunningAppsModel::toggleSelected(ProcessId pid) {
     selected.set(std::move(changed));
 }
 
-void RunningAppsModel::quit(RunningApplication& app, bool force) {
-    using Action = TerminationAudit::Action;
-    if (!neighbours_.guard.mayTerminate(app, TerminationAudit::Path::manual)) {
+void RunningAppsModel::quit(const RunningApplicationRef& app, bool force) {
+    if (!neighbours_.guard.mayTerminate(*app, TerminationAudit::Path::manual)) {
         return;
     }
-    log_.notice("running-apps {} {}", force ? "force-quit" : "quit", app.bundleIdentifier().value_or("?"));
-    neighbours_.audit.record(TerminationAudit::Path::manual, app, force ? Action::forceTerminated : Action::terminated);
-    if (force) {
-        app.forceTerminate();
-    } else {
-        app.terminate();
-    }
+    force ? end(*app) : ask(app);
     platform_.mainQueue().asyncAfter(refreshDelay, lifetime_.guard([this] { refresh(); }));
+}
+
+void RunningAppsModel::ask(const RunningApplicationRef& app) {
+    neighbours_.requests.ask({.app = app, .path = TerminationAudit::Path::manual, .willSend = [app, log = log_] {
+                                  log.notice("running-apps quit {}", app->bundleIdentifier().value_or("?"));
+                              }});
+}
+
+void RunningAppsModel::end(RunningApplication& app) {
+    log_.notice("running-apps force-quit {}", app.bundleIdentifier().value_or("?"));
+    neighbours_.audit.record(TerminationAudit::Path::manual, app, TerminationAudit::Action::forceTerminated);
+    app.forceTerminate();
 }
 
 void RunningAppsModel::quitSelected() {
     // A copy: what quits may refresh the list.
     for (const auto& app : std::vector(apps.get())) {
         if (selected.get().contains(app->processIdentifier())) {
-            quit(*app, false);
+            quit(app, false);
         }
     }
     selected.set({});

@@ -15,6 +15,7 @@ namespace ambrel {
 class AppRulesStore;
 class DevGuard;
 class Platform;
+class QuitRequests;
 class TerminationAudit;
 
 /// The ordinary applications that run, and what the user does to them by hand. The list is that of the last refresh:
@@ -24,6 +25,7 @@ public:
     struct Neighbours {
         DevGuard& guard;
         TerminationAudit& audit;
+        QuitRequests& requests;
         AppRulesStore& rules;
     };
 
@@ -35,7 +37,7 @@ public:
     void toggleSelected(ProcessId pid);
 
     /// Asks the application to quit or ends it, unless the guard forbids that.
-    void quit(RunningApplication& app, bool force);
+    void quit(const RunningApplicationRef& app, bool force);
     /// Also those that the search hides.
     void quitSelected();
     /// Gives the application a rule that spares it, in the place of any other. It needs an identifier for that.
@@ -50,6 +52,8 @@ private:
     [[nodiscard]] bool isListed(const RunningApplication& app) const;
     [[nodiscard]] std::vector<RunningApplicationRef> sorted(std::vector<RunningApplicationRef> found) const;
     void forgetGoneSelections();
+    void ask(const RunningApplicationRef& app);
+    void end(RunningApplication& app);
 
     Platform& platform_;
     Neighbours neighbours_;

@@ -2,7 +2,6 @@
 
 namespace ambrel {
 
-class Accessibility;
 class Appearance;
 class ApplicationHost;
 class BackgroundQueue;
@@ -20,6 +19,7 @@ class Session;
 class StatusBar;
 class Updater;
 class UserDefaults;
+class WindowList;
 class WindowServer;
 class Workspace;
 
@@ -29,7 +29,7 @@ public:
     virtual ~Platform() = default;
 
     [[nodiscard]] virtual Workspace& workspace() = 0;
-    [[nodiscard]] virtual Accessibility& accessibility() = 0;
+    [[nodiscard]] virtual WindowList& windowList() = 0;
     [[nodiscard]] virtual WindowServer& windowServer() = 0;
     [[nodiscard]] virtual UserDefaults& userDefaults() = 0;
     [[nodiscard]] virtual Bundle& bundle() = 0;

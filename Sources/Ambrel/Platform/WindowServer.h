@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/RunningApplication.h"
+#include "Platform/WindowList.h"
 
 #include <cstddef>
 #include <optional>
@@ -24,6 +24,7 @@ struct WindowInfo {
     std::optional<int> layer;    ///< 0 is the layer of ordinary windows
     std::optional<double> alpha; ///< 0 transparent to 1 opaque
     std::optional<Rect> bounds;
+    std::optional<WindowKind> kind = std::nullopt; ///< as the window itself says; absent where it says nothing
 };
 
 class WindowServer {

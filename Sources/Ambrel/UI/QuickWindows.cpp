@@ -30,9 +30,9 @@ QuickWindows::QuickWindows(const WindowsNeighbours& neighbours)
                     neighbours.platform.compositor(),
                     dock_,
                     neighbours.platform,
-                    {neighbours.guard, neighbours.audit, neighbours.rules}}),
+                    {neighbours.guard, neighbours.audit, neighbours.requests, neighbours.rules}}),
       onboarding_({stage_, neighbours.platform.compositor(), dock_, neighbours.platform, neighbours.engine}),
-      gate_({stage_, neighbours.platform.compositor(), dock_, neighbours.platform.accessibility()}),
+      gate_({stage_, neighbours.platform.compositor(), dock_, neighbours.platform.windowList()}),
       panelNeighbours_{stage_, neighbours.platform.compositor(), neighbours.platform.clickMonitor(),
                        neighbours.platform.workspace()},
       dropdown_(panelNeighbours_, settings_, engine_), confirmation_(panelNeighbours_) {

@@ -3,6 +3,7 @@
 #include "Engine/DevGuard.h"
 #include "Engine/HotKeyManager.h"
 #include "Engine/QuitEngine.h"
+#include "Engine/QuitRequests.h"
 #include "Engine/TerminationAudit.h"
 #include "Platform/AppClock.h"
 #include "Platform/Bundle.h"
@@ -18,7 +19,8 @@ Windows& Windows::shared() {
     static auto& windows = *new WindowsModule(Platform::shared().bundle().bundleURL() / "libAmbrelWindows.so", [] {
         return WindowsNeighbours{Platform::shared(),      AppSettings::shared(),      QuitEngine::shared(),
                                  HotKeyManager::shared(), TerminationAudit::shared(), AppClock::shared(),
-                                 AppRulesStore::shared(), DevGuard::shared(),         UpdateController::shared};
+                                 AppRulesStore::shared(), DevGuard::shared(),         QuitRequests::shared(),
+                                 UpdateController::shared};
     });
     return windows;
 }

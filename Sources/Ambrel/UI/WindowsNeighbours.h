@@ -12,6 +12,7 @@ class DevGuard;
 class HotKeyManager;
 class Platform;
 class QuitEngine;
+class QuitRequests;
 class TerminationAudit;
 class UpdateController;
 class Windows;
@@ -26,6 +27,7 @@ struct WindowsNeighbours {
     const Clock& clock;
     AppRulesStore& rules;
     DevGuard& guard;
+    QuitRequests& requests;
     /// Asked only for a view of it: to make it starts it.
     std::function<UpdateController&()> updates;
 };

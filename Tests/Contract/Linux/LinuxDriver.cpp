@@ -106,7 +106,7 @@ public:
     void settle() override {
         (void)runUntil([] { return false; }, quietMilliseconds);
     }
-    void setTrusted(bool trusted) override { trusted ? windowManager().start() : windowManager().stop(); }
+    void setReadable(bool readable) override { readable ? windowManager().start() : windowManager().stop(); }
     void lockScreen(bool locked) override { services_.setScreenSaver(locked); }
     void darkenDisplays(bool dark) override { QProcess::execute("xset", {"s", dark ? "activate" : "reset"}); }
     void pressHotKey() override { QProcess::execute("xdotool", {"key", "super+alt+shift+q"}); }

@@ -64,6 +64,18 @@ protected:
         return lines;
     }
 
+    void quit(const Application& application, std::optional<QuitActionAddress> address) {
+        request.quit(application.process, std::move(address),
+                     {.lastLook = [this] { return ++looks, allows; },
+                      .done =
+                          [this](QuitOutcome outcome) {
+                              outcomes.push_back(outcome);
+                          }});
+    }
+
+    bool allows = true;
+    int looks = 0;
+    std::vector<QuitOutcome> outcomes;
     PrivateBus bus;
     SessionBus sessionBus;
     QuitRequest request{sessionBus};
@@ -71,29 +83,44 @@ protected:
 
 TEST_F(QuitRequestTests, CallsTheActionAndSendsNoSignalEver) {
     Application application({"open", "quit"});
-    request.quit(application.process, application.address());
-    request.quit(application.process, application.address());
+    quit(application, application.address());
+    quit(application, application.address());
     EXPECT_EQ(awaitNews(application), Lines{activation});
-    request.quit(application.process, std::nullopt);
+    quit(application, std::nullopt);
     EXPECT_EQ(application.heard(), Lines{});
 }
 
 TEST_F(QuitRequestTests, OneSignalWhereThereIsNoAction) {
     Application application({"open", "quit-all"});
-    request.quit(application.process, application.address());
+    quit(application, application.address());
     EXPECT_EQ(awaitNews(application), Lines{"SIGTERM"});
-    request.quit(application.process, std::nullopt);
+    quit(application, std::nullopt);
     EXPECT_EQ(application.heard(), Lines{}) << "many programs die of the second signal";
+    EXPECT_EQ(outcomes, (std::vector{QuitOutcome::sent, QuitOutcome::nothingSent}));
+    EXPECT_EQ(looks, 1) << "nobody looks where nothing can be sent";
 
     Application other({"quit"});
-    request.quit(other.process, std::nullopt);
+    quit(other, std::nullopt);
     EXPECT_EQ(other.heard(), Lines{"SIGTERM"});
+}
+
+TEST_F(QuitRequestTests, SendsNothingThatTheLastLookForbids) {
+    allows = false;
+    Application application({"quit"});
+    quit(application, application.address());
+    EXPECT_TRUE(runUntil([&] { return !outcomes.empty(); }));
+    quit(application, std::nullopt);
+    EXPECT_EQ(outcomes, (std::vector{QuitOutcome::dropped, QuitOutcome::dropped}));
+    EXPECT_EQ(application.heard(), Lines{});
+    allows = true;
+    quit(application, std::nullopt);
+    EXPECT_EQ(awaitNews(application), Lines{"SIGTERM"}) << "what was dropped may be sent later";
 }
 
 TEST_F(QuitRequestTests, AddressOfAnotherProcessIsNotCalled) {
     Application application({});
     Application bystander({"quit"});
-    request.quit(application.process, bystander.address());
+    quit(application, bystander.address());
     EXPECT_EQ(awaitNews(application), Lines{"SIGTERM"});
     EXPECT_EQ(bystander.heard(), Lines{});
 }
@@ -102,12 +129,12 @@ TEST_F(QuitRequestTests, AddressesOfNobodyLeadToTheSignal) {
     for (const auto& address : {QuitActionAddress{":1.9999", "/app"}, QuitActionAddress{"", ""},
                                 QuitActionAddress{"org.example.Absent", "/app"}, QuitActionAddress{"\xff", "app"}}) {
         Application application({"quit"});
-        request.quit(application.process, address);
+        quit(application, address);
         EXPECT_EQ(awaitNews(application), Lines{"SIGTERM"}) << address.busName;
     }
     for (const auto* const path : {"", "no path", "/elsewhere"}) {
         Application application({"quit"});
-        request.quit(application.process, QuitActionAddress{application.busName, path});
+        quit(application, QuitActionAddress{application.busName, path});
         EXPECT_EQ(awaitNews(application), Lines{"SIGTERM"}) << path;
     }
 }
@@ -116,7 +143,7 @@ TEST_F(QuitRequestTests, HungApplicationGetsTheSignal) {
     Application application({"quit"});
     application.child.signal(SIGSTOP);
     application.child.awaitStop();
-    request.quit(application.process, application.address());
+    quit(application, application.address());
     EXPECT_TRUE(runUntil([&] { return signalPending(application.child.pid()); }));
     application.child.signal(SIGCONT);
     EXPECT_EQ(application.heard(), Lines{"SIGTERM"});
@@ -124,10 +151,10 @@ TEST_F(QuitRequestTests, HungApplicationGetsTheSignal) {
 
 TEST_F(QuitRequestTests, EndedProcessIsLeftAlone) {
     Application application({"quit"});
-    request.quit(application.process, application.address());
+    quit(application, application.address());
     application.child.signal(SIGKILL);
     application.child.awaitEnd();
-    request.quit(application.process, std::nullopt);
+    quit(application, std::nullopt);
     EXPECT_EQ(application.child.collect(), -SIGKILL);
 }
 

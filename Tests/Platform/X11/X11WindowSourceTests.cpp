@@ -70,7 +70,7 @@ TEST_F(X11WindowSourceTest, AWindowManagerThatDiesClosesNothing) {
     ASSERT_TRUE(awaitReadable(true));
     const auto windows = source->windows(client.pid());
     EXPECT_EQ(windows.size(), 2U);
-    EXPECT_TRUE(std::all_of(windows.begin(), windows.end(), [](const auto& each) { return each.managed; }));
+    EXPECT_TRUE(std::all_of(windows.begin(), windows.end(), [](const auto& each) { return each.onDesktop; }));
 }
 
 TEST_F(X11WindowSourceTest, ASuccessorIsTrustedOnceItHasPublished) {
@@ -99,12 +99,12 @@ TEST_F(X11WindowSourceTest, AMalformedListIsNoEmptyListAndADeletedOneClosesNothi
     ASSERT_TRUE(awaitCount(client.pid(), 1));
     manager.publishText("no list");
     ASSERT_TRUE(awaitReadable(false));
-    EXPECT_TRUE(source->windows(client.pid()).front().managed);
+    EXPECT_TRUE(source->windows(client.pid()).front().onDesktop);
     manager.publish({window});
     ASSERT_TRUE(awaitReadable(true));
 
     manager.removeProperty(manager.root(), X11Atom::netClientList);
-    ASSERT_TRUE(runUntil([&] { return !source->windows(client.pid()).front().managed; }));
+    ASSERT_TRUE(runUntil([&] { return !source->windows(client.pid()).front().onDesktop; }));
     EXPECT_TRUE(source->isReadable());
     EXPECT_FALSE(hasVanished());
 }

@@ -1,49 +1,56 @@
 #pragma once
 
+#include "Core/Clock.h"
 #include "Platform/Linux/WindowSource.h"
 
 #include <span>
+#include <unordered_map>
 
 namespace ambrel {
 
 /// Whether an application is hidden: all of its windows are iconified at our own request, or none is on the desktop
-/// and its user can bring it back, be it by a window that is alive or by an icon in the tray.
+/// and its user can bring it back. What counts is how the last one left: withdrawn means hidden, for as long as it is
+/// alive; destroyed means closed. An icon in the tray means hidden in any case.
 class ApplicationVisibility {
 public:
     enum class Transition { none, hidden, shown };
     using Windows = std::span<const DesktopWindow>;
 
-    [[nodiscard]] bool isHidden() const {
-        return inTray_ || state_ == State::requested || state_ == State::withdrawn || state_ == State::asked;
-    }
+    [[nodiscard]] bool isHidden() const { return inTray_ || state_ == State::requested || state_ == State::withdrawn; }
 
     /// Its windows are being iconified at our request.
     void beginHiding();
-    /// The window manager has had its time to do so. Where nothing was to be iconified, or it didn't, the application
-    /// counts as hidden until its next window, so that nobody asks again and again.
+    /// The window manager has had its time to do so, and may have refused.
     void endHiding();
-    void windowAppeared();
 
+    /// Takes in one change of one window; `now` is a time that only grows. To be called before `changed`.
+    void note(WindowEvent event, const DesktopWindow& window, Seconds now);
     /// To be called after each change. One that is in the tray is hidden at once, since its windows may be closed
     /// rather than withdrawn, and nothing else would tell the two apart.
     [[nodiscard]] Transition changed(Windows windows, bool ownsTrayItem);
-    /// To be called when all has been as it is for a while: a window that is on its way to being closed is
-    /// withdrawn, too, but not for long.
+    /// To be called when all has been as it is for `withdrawalTime`.
     [[nodiscard]] Transition settled(Windows windows, bool ownsTrayItem);
+
+    /// No window is on the desktop, and one could be again.
+    [[nodiscard]] bool isAway(Windows windows, bool ownsTrayItem) const;
+
+    /// A window that is being closed is often taken off the desktop first, but is not alive for long then.
+    static constexpr Seconds withdrawalTime{0.25};
 
 private:
     enum class State {
         shown,
         hiding,    ///< iconifying at our request
         requested, ///< hidden at our request
-        asked,     ///< asked to be hidden, which the desktop does not show
         withdrawn, ///< hidden by itself, for a while now
     };
+
+    void forgetWithdrawnBefore(Seconds time);
+
     State state_ = State::shown;
     bool inTray_ = false;
+    /// When each window was withdrawn that may be the one the user brings the application back by.
+    std::unordered_map<WindowId, Seconds> withdrawn_;
 };
-
-/// No window is on the desktop, and one could be again.
-[[nodiscard]] bool isAway(ApplicationVisibility::Windows windows, bool ownsTrayItem);
 
 } // namespace ambrel

@@ -4,6 +4,7 @@
 #include "Platform/Linux/TrayItems.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include <signal.h>
@@ -17,8 +18,6 @@ constexpr Seconds terminationLimit{60};
 /// An application without windows may be on its way out, saving what it has to; a signal would cut that short.
 constexpr Seconds ownEndTime{2};
 constexpr Seconds hidingLimit{2};
-/// A window that is being closed is often taken off the desktop first.
-constexpr Seconds withdrawalTime{0.25};
 
 void cancel(WorkItemRef& item) {
     if (item) {
@@ -52,41 +51,54 @@ std::vector<DesktopWindow> LinuxApplication::windows() const {
     return services_.windows.windows(process_->pid());
 }
 
-std::vector<DesktopWindow> LinuxApplication::managedWindows() const {
-    auto managed = windows();
-    std::erase_if(managed, [](const DesktopWindow& window) { return !window.managed; });
-    return managed;
+std::vector<DesktopWindow> LinuxApplication::windowsOnDesktop() const {
+    auto present = windows();
+    std::erase_if(present, [](const DesktopWindow& window) { return !window.onDesktop; });
+    return present;
 }
 
-bool LinuxApplication::terminate() {
+void LinuxApplication::terminate(std::function<bool()> lastLook, std::function<void(QuitOutcome)> done) {
+    if (isTerminated()) {
+        return done(QuitOutcome::gone);
+    }
     // What isn't seen can't be asked to close, and may hold unsaved work.
-    if (isTerminated() || !services_.windows.isReadable()) {
-        return false;
+    if (!services_.windows.isReadable()) {
+        return done(QuitOutcome::nothingSent);
     }
-    const auto open = managedWindows();
-    forgetTermination();
+    const auto open = windowsOnDesktop();
     if (open.empty()) {
-        askProcess();
-        return true;
+        askProcess(std::move(lastLook), std::move(done));
+    } else if (!lastLook()) {
+        done(QuitOutcome::dropped);
+    } else {
+        askWindows(open);
+        done(QuitOutcome::sent);
     }
+}
+
+void LinuxApplication::askWindows(const std::vector<DesktopWindow>& open) {
+    forgetTermination();
     for (const auto& window : open) {
         if (window.certain) {
             services_.windows.close(window.id);
         }
     }
     terminationLapse_ = services_.queue.asyncAfter(terminationLimit, lifetime_.guard([this] { forgetTermination(); }));
-    return true;
 }
 
-void LinuxApplication::askProcess() {
-    services_.quitRequest.quit(process_, quitAction_);
-}
-
-void LinuxApplication::followUp() {
+/// A window may come while the application is still being asked how it can be asked.
+void LinuxApplication::askProcess(std::function<bool()> lastLook, std::function<void(QuitOutcome)> done) {
     forgetTermination();
-    if (services_.windows.isReadable() && managedWindows().empty()) {
-        askProcess();
-    }
+    const auto stillHolds = [weak = weak_from_this(), lastLook = std::move(lastLook)] {
+        const auto self = weak.lock();
+        return self && self->services_.windows.isReadable() && self->windowsOnDesktop().empty() && lastLook();
+    };
+    services_.quitRequest.quit(process_, quitAction_, {.lastLook = stillHolds, .done = std::move(done)});
+}
+
+/// What was decided when the windows were asked is now said to the process.
+void LinuxApplication::followUp() {
+    askProcess([] { return true; }, [](QuitOutcome) {});
 }
 
 void LinuxApplication::forgetTermination() {
@@ -102,12 +114,11 @@ bool LinuxApplication::hide() {
     if (isTerminated()) {
         return false;
     }
-    visibility_.beginHiding();
-    const auto open = managedWindows();
+    const auto open = windowsOnDesktop();
     if (open.empty()) {
-        visibility_.endHiding();
-        return true;
+        return false;
     }
+    visibility_.beginHiding();
     for (const auto& window : open) {
         if (window.certain && !window.minimized) {
             services_.windows.minimize(window.id);
@@ -119,11 +130,11 @@ bool LinuxApplication::hide() {
     return true;
 }
 
-void LinuxApplication::windowChanged(WindowEvent event) {
-    if (event == WindowEvent::appeared) {
+void LinuxApplication::windowChanged(const WindowChange& change) {
+    visibility_.note(change.event, change.window, std::chrono::steady_clock::now().time_since_epoch());
+    if (change.event == WindowEvent::appeared) {
         forgetTermination();
-        visibility_.windowAppeared();
-    } else if (terminationLapse_ && managedWindows().empty()) {
+    } else if (terminationLapse_ && windowsOnDesktop().empty()) {
         cancel(followUp_);
         followUp_ = services_.queue.asyncAfter(ownEndTime, lifetime_.guard([this] { followUp(); }));
     }
@@ -140,8 +151,9 @@ void LinuxApplication::judgeVisibility() {
     const auto now = windows();
     ownsTrayItem_ = services_.tray.owns(process_->pid());
     cancel(settling_);
-    if (isAway(now, ownsTrayItem_)) {
-        settling_ = services_.queue.asyncAfter(withdrawalTime, lifetime_.guard([this] { settled(); }));
+    if (visibility_.isAway(now, ownsTrayItem_)) {
+        settling_ =
+            services_.queue.asyncAfter(ApplicationVisibility::withdrawalTime, lifetime_.guard([this] { settled(); }));
     }
     announce(visibility_.changed(now, ownsTrayItem_));
 }

@@ -26,7 +26,7 @@ struct ApplicationServices {
 };
 
 /// One process with windows, or one that has had some.
-class LinuxApplication final : public RunningApplication {
+class LinuxApplication final : public RunningApplication, public std::enable_shared_from_this<LinuxApplication> {
 public:
     using Transition = ApplicationVisibility::Transition;
 
@@ -43,7 +43,7 @@ public:
 
     /// Without a window on the desktop the process is asked itself. With windows, each is asked to close, and the
     /// process once they are gone and it has had time to end by itself, unless it shows another window first.
-    bool terminate() override;
+    void terminate(std::function<bool()> lastLook, std::function<void(QuitOutcome)> done) override;
     bool forceTerminate() override;
     bool hide() override;
 
@@ -54,7 +54,7 @@ public:
     [[nodiscard]] bool isLaunched() const { return launched_; }
 
     /// Takes in a change of its windows.
-    void windowChanged(WindowEvent event);
+    void windowChanged(const WindowChange& change);
     /// Takes in a change of the tray, its own or another's.
     void trayChanged();
     /// Judges anew whether it is hidden.
@@ -65,10 +65,11 @@ public:
 
 private:
     [[nodiscard]] std::vector<DesktopWindow> windows() const;
-    [[nodiscard]] std::vector<DesktopWindow> managedWindows() const;
+    [[nodiscard]] std::vector<DesktopWindow> windowsOnDesktop() const;
     void settled();
     void announce(Transition transition);
-    void askProcess();
+    void askProcess(std::function<bool()> lastLook, std::function<void(QuitOutcome)> done);
+    void askWindows(const std::vector<DesktopWindow>& open);
     void followUp();
     void forgetTermination();
 

@@ -7,7 +7,6 @@
 #include "Platform/Linux/AutostartEntry.h"
 #include "Platform/Linux/Defaults/JsonUserDefaults.h"
 #include "Platform/Linux/LinkOpener.h"
-#include "Platform/Linux/LinuxAccessibility.h"
 #include "Platform/Linux/LinuxApplicationHost.h"
 #include "Platform/Linux/LinuxBundle.h"
 #include "Platform/Linux/LinuxMainQueue.h"
@@ -15,6 +14,7 @@
 #include "Platform/Linux/LinuxSession.h"
 #include "Platform/Linux/LinuxStatusBar.h"
 #include "Platform/Linux/LinuxUpdater.h"
+#include "Platform/Linux/LinuxWindowList.h"
 #include "Platform/Linux/LinuxWorkspace.h"
 #include "Platform/Linux/PortalAppearance.h"
 #include "Platform/Linux/ProcFiles.h"
@@ -93,7 +93,7 @@ struct LinuxPlatform::Parts {
     LinkOpener links{environment, bus};
     LinuxWorkspace workspace{
         {windows, tray, quitRequest, queue}, identifier, links, presence, bundle.bundleIdentifier()};
-    LinuxAccessibility accessibility{windows, workspace};
+    LinuxWindowList windowList{windows, workspace};
     LinuxSession session{*connection};
     X11HotKeyCenter hotKeys{*connection};
     LinuxNotificationCenter notifications{bus, queue};
@@ -131,8 +131,8 @@ Workspace& LinuxPlatform::workspace() {
     return parts_->workspace;
 }
 
-Accessibility& LinuxPlatform::accessibility() {
-    return parts_->accessibility;
+WindowList& LinuxPlatform::windowList() {
+    return parts_->windowList;
 }
 
 WindowServer& LinuxPlatform::windowServer() {

@@ -27,7 +27,7 @@ public:
     ~LinuxPlatform() override;
 
     [[nodiscard]] Workspace& workspace() override;
-    [[nodiscard]] Accessibility& accessibility() override;
+    [[nodiscard]] WindowList& windowList() override;
     [[nodiscard]] WindowServer& windowServer() override;
     [[nodiscard]] UserDefaults& userDefaults() override;
     [[nodiscard]] Bundle& bundle() override;

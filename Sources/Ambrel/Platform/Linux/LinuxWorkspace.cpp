@@ -109,7 +109,7 @@ void LinuxWorkspace::windowChanged(const WindowChange& change) {
     if (change.event == WindowEvent::appeared) {
         welcome(application, change.window);
     }
-    application->windowChanged(change.event);
+    application->windowChanged(change);
 }
 
 /// The process is held before its window is asked about once more: a window that is still there then belongs to

@@ -38,52 +38,73 @@ QVariant firstArgument(const QDBusMessage& reply) {
 
 QuitRequest::QuitRequest(SessionBus& bus) : bus_(bus) {}
 
-void QuitRequest::quit(const std::shared_ptr<Process>& process, std::optional<QuitActionAddress> address) {
+void QuitRequest::quit(const std::shared_ptr<Process>& process, std::optional<QuitActionAddress> address,
+                       Callbacks callbacks) {
     std::erase_if(progress_, [](const auto& entry) { return entry.first.expired(); });
     if (progress_[process].asking) {
-        return;
-    }
-    if (address && bus_.connection()) {
+        callbacks.done(QuitOutcome::nothingSent);
+    } else if (address && bus_.connection()) {
         progress_[process].asking = true;
-        checkOwner(process, *address);
+        checkOwner(process, *address, callbacks);
     } else {
-        sendSignal(process);
+        sendSignal(process, callbacks);
     }
 }
 
-void QuitRequest::checkOwner(const ProcessRef& process, const QuitActionAddress& address) {
+void QuitRequest::checkOwner(const ProcessRef& process, const QuitActionAddress& address, const Callbacks& callbacks) {
     auto question = methodCall("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
                                "GetConnectionUnixProcessID");
     question << QString::fromStdString(address.busName);
-    ask(question, [this, process, address](const QDBusMessage& reply) {
+    ask(question, [this, process, address, callbacks](const QDBusMessage& reply) {
         const bool owned = firstArgument(reply).toLongLong() == process->pid();
-        owned ? checkAction(process, address) : sendSignal(process);
+        owned ? checkAction(process, address, callbacks) : sendSignal(process, callbacks);
     });
 }
 
-void QuitRequest::checkAction(const ProcessRef& process, const QuitActionAddress& address) {
-    ask(actionsCall(address, "List"), [this, process, address](const QDBusMessage& reply) {
+void QuitRequest::checkAction(const ProcessRef& process, const QuitActionAddress& address, const Callbacks& callbacks) {
+    ask(actionsCall(address, "List"), [this, process, address, callbacks](const QDBusMessage& reply) {
         const bool listed = firstArgument(reply).toStringList().contains("quit");
-        listed ? activate(process, address) : sendSignal(process);
+        listed ? activate(process, address, callbacks) : sendSignal(process, callbacks);
     });
 }
 
-void QuitRequest::activate(const ProcessRef& process, const QuitActionAddress& address) {
+void QuitRequest::activate(const ProcessRef& process, const QuitActionAddress& address, const Callbacks& callbacks) {
     auto call = actionsCall(address, "Activate");
     call << QString("quit") << QVariantList() << QVariantMap();
-    progress_[process] = {.asking = false, .asked = true};
-    if (const auto bus = bus_.connection(); bus && !process->hasExited()) {
+    auto& progress = progress_[process];
+    progress.asking = false;
+    const auto bus = bus_.connection();
+    if (process->hasExited()) {
+        callbacks.done(QuitOutcome::gone);
+    } else if (!bus) {
+        callbacks.done(QuitOutcome::nothingSent);
+    } else if (!callbacks.lastLook()) {
+        callbacks.done(QuitOutcome::dropped);
+    } else {
+        progress.asked = true;
         bus->asyncCall(call, answerLimitMilliseconds);
+        callbacks.done(QuitOutcome::sent);
     }
 }
 
-void QuitRequest::sendSignal(const ProcessRef& process) {
-    auto& progress = progress_[process];
-    progress.asking = false;
-    // Many programs end politely at the first SIGTERM and die of the second.
-    if (!std::exchange(progress.asked, true)) {
-        process->signal(SIGTERM);
+void QuitRequest::sendSignal(const ProcessRef& process, const Callbacks& callbacks) {
+    progress_[process].asking = false;
+    callbacks.done(signalOnce(process, callbacks));
+}
+
+/// Many programs end politely at the first SIGTERM and die of the second.
+QuitOutcome QuitRequest::signalOnce(const ProcessRef& process, const Callbacks& callbacks) {
+    if (process->hasExited()) {
+        return QuitOutcome::gone;
     }
+    if (progress_[process].asked) {
+        return QuitOutcome::nothingSent;
+    }
+    if (!callbacks.lastLook()) {
+        return QuitOutcome::dropped;
+    }
+    progress_[process].asked = process->signal(SIGTERM);
+    return progress_[process].asked ? QuitOutcome::sent : QuitOutcome::nothingSent;
 }
 
 void QuitRequest::ask(const QDBusMessage& question, Answer answer) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Core/Lifetime.h"
+#include "Platform/RunningApplication.h"
 
 #include <functional>
 #include <map>
@@ -28,9 +29,14 @@ public:
     /// `bus` must outlive this object.
     explicit QuitRequest(SessionBus& bus);
 
+    struct Callbacks {
+        std::function<bool()> lastLook; ///< called right before anything is sent; only true lets it go
+        std::function<void(QuitOutcome)> done;
+    };
+
     /// Returns at once; a bus or an application that doesn't answer is given up after a few seconds. SIGTERM is
     /// sent once in the life of a process at most, and never to one whose action was called.
-    void quit(const std::shared_ptr<Process>& process, std::optional<QuitActionAddress> address);
+    void quit(const std::shared_ptr<Process>& process, std::optional<QuitActionAddress> address, Callbacks callbacks);
 
 private:
     using ProcessRef = std::shared_ptr<Process>;
@@ -40,10 +46,11 @@ private:
         bool asked = false;  ///< the action was called, or SIGTERM sent
     };
 
-    void checkOwner(const ProcessRef& process, const QuitActionAddress& address);
-    void checkAction(const ProcessRef& process, const QuitActionAddress& address);
-    void activate(const ProcessRef& process, const QuitActionAddress& address);
-    void sendSignal(const ProcessRef& process);
+    void checkOwner(const ProcessRef& process, const QuitActionAddress& address, const Callbacks& callbacks);
+    void checkAction(const ProcessRef& process, const QuitActionAddress& address, const Callbacks& callbacks);
+    void activate(const ProcessRef& process, const QuitActionAddress& address, const Callbacks& callbacks);
+    void sendSignal(const ProcessRef& process, const Callbacks& callbacks);
+    [[nodiscard]] QuitOutcome signalOnce(const ProcessRef& process, const Callbacks& callbacks);
     void ask(const QDBusMessage& question, Answer answer);
 
     SessionBus& bus_;

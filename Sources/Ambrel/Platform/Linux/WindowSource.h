@@ -3,7 +3,7 @@
 #include "Core/Signal.h"
 #include "Platform/Linux/ApplicationIdentity.h"
 #include "Platform/Linux/QuitRequest.h"
-#include "Platform/RunningApplication.h"
+#include "Platform/WindowList.h"
 
 #include <cstdint>
 #include <optional>
@@ -14,27 +14,9 @@ namespace ambrel {
 /// Names a window while it lives; used again for another one later.
 using WindowId = std::uint32_t;
 
-enum class WindowKind {
-    standard,
-    dialog,
-    floating, ///< palettes and torn-off toolbars
-    panel,
-    desktop,
-    overlay, ///< menus, splash screens, tips, notifications, dragged icons
-};
-
-/// Whether windows of this kind are windows of an application in its user's eyes.
-[[nodiscard]] constexpr bool isApplicationWindow(WindowKind kind) {
-    return kind == WindowKind::standard || kind == WindowKind::dialog || kind == WindowKind::floating;
-}
-
-/// One application window.
-struct DesktopWindow {
+/// An application window by its name.
+struct DesktopWindow : ApplicationWindow {
     WindowId id = 0;
-    WindowKind kind = WindowKind::standard;
-    bool minimized = false;
-    bool certain = true; ///< false where it may be another process's: it counts, and is left alone
-    bool managed = true; ///< false while its application has taken it off the desktop and keeps it alive
 
     bool operator==(const DesktopWindow&) const = default;
 };
@@ -45,18 +27,11 @@ struct WindowFacts {
     std::optional<QuitActionAddress> quitAction;
 };
 
-enum class WindowEvent {
-    appeared, ///< new, or back on the desktop
-    minimized,
-    restored,
-    withdrawn, ///< off the desktop, and alive
-    vanished,
-};
-
+/// One of the events that a single window can have: from `appeared` to `vanished`.
 struct WindowChange {
     WindowEvent event;
     ProcessId pid;
-    DesktopWindow window;
+    DesktopWindow window; ///< as it is now; a vanished one as it was
 };
 
 /// Where the desktop's windows come from. Windows of this very process are not among them.

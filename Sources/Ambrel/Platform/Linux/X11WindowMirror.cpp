@@ -40,7 +40,7 @@ void X11WindowMirror::listed(xcb_window_t id) {
         unread_.push_back(id);
         return;
     }
-    known->second.window.managed = true;
+    known->second.window.onDesktop = true;
     changed_.insert(id);
     unplaced_.insert(id);
     report(WindowEvent::appeared, known->second.ownership, known->second.window);
@@ -53,7 +53,7 @@ void X11WindowMirror::unlisted(xcb_window_t id) {
         return;
     }
     X11Window& window = known->second;
-    window.window.managed = false;
+    window.window.onDesktop = false;
     window.window.minimized = false;
     if (window.window.kind == WindowKind::standard) {
         report(WindowEvent::withdrawn, window.ownership, window.window);
@@ -79,7 +79,6 @@ void X11WindowMirror::noteDestroyed(xcb_window_t window) {
     std::erase(unread_, window);
     const auto known = windows_.find(window);
     if (known != windows_.end()) {
-        known->second.window.managed = false;
         report(WindowEvent::vanished, known->second.ownership, known->second.window);
         erase(window);
     }
@@ -97,7 +96,7 @@ std::vector<xcb_window_t> X11WindowMirror::takeUnplaced() {
     for (const auto id : std::exchange(unplaced_, {})) {
         // One that is on its way out is not worth a question.
         const auto* const window = find(id);
-        if (window != nullptr && window->window.managed && window->top == XCB_WINDOW_NONE) {
+        if (window != nullptr && window->window.onDesktop && window->top == XCB_WINDOW_NONE) {
             clients.push_back(id);
         }
     }
@@ -185,15 +184,17 @@ void X11WindowMirror::insert(xcb_window_t id, const X11PresentationReading& show
 
 void X11WindowMirror::present(X11Window& window, const X11PresentationReading& shown) {
     window.transientFor = shown.transientFor;
-    if (!window.window.managed) {
+    if (!window.window.onDesktop) {
         return;
     }
     const auto before = window.window;
-    window.window.kind = windowKind(shown.presentation);
+    // An application's window leaves by withdrawal or destruction, whatever type it takes on meanwhile.
+    if (const auto kind = windowKind(shown.presentation);
+        isApplicationWindow(kind) || !isApplicationWindow(before.kind)) {
+        window.window.kind = kind;
+    }
     window.window.minimized = isMinimized(shown.presentation, hiddenSupported_);
-    if (isApplicationWindow(before.kind) && !isApplicationWindow(window.window.kind)) {
-        report(WindowEvent::vanished, window.ownership, before);
-    } else if (before.kind != window.window.kind) {
+    if (before.kind != window.window.kind) {
         report(WindowEvent::appeared, window.ownership, window.window);
     } else if (before.minimized != window.window.minimized) {
         const auto event = before.minimized ? WindowEvent::restored : WindowEvent::minimized;

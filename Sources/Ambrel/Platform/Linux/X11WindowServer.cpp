@@ -54,20 +54,27 @@ std::optional<ProcessId> likelyOwner(const WindowOwnership& ownership) {
 struct X11WindowServer::Details {
     std::optional<ProcessId> owner;
     std::optional<std::uint32_t> opacity;
+    std::optional<WindowKind> kind; ///< absent for a window that is gone
 };
 
 /// A read of what is asked about one window on the screen, be it a frame or a client.
 class X11WindowServer::DetailQuery {
 public:
     DetailQuery(X11Connection& connection, xcb_window_t window)
-        : owner_(connection, window), opacity_(connection, window, connection.atom(X11Atom::netWmWindowOpacity), 4) {}
+        : owner_(connection, window), opacity_(connection, window, connection.atom(X11Atom::netWmWindowOpacity), 4),
+          presentation_(connection, window) {}
 
     /// Call it exactly once.
-    [[nodiscard]] Details take() const { return {owner_.take(), opacity_.take().word()}; }
+    [[nodiscard]] Details take() const {
+        const auto shown = presentation_.take();
+        return {owner_.take(), opacity_.take().word(),
+                shown ? std::optional(windowKind(shown->presentation)) : std::nullopt};
+    }
 
 private:
     X11OwnerQuery owner_;
     X11PropertyRequest opacity_;
+    X11PresentationQuery presentation_;
 };
 
 X11WindowServer::X11WindowServer(X11Connection& connection, const X11WindowMirror& mirror)
@@ -110,7 +117,8 @@ WindowInfo X11WindowServer::info(const Top& top, xcb_window_t client, const Deta
     return {.ownerPID = known != nullptr ? likelyOwner(known->ownership) : ofClient.owner,
             .layer = layer(top, client),
             .alpha = static_cast<double>(ofClient.opacity.value_or(ofTop.opacity.value_or(opaque))) / opaque,
-            .bounds = top.bounds};
+            .bounds = top.bounds,
+            .kind = ofClient.kind};
 }
 
 std::optional<std::vector<X11WindowServer::Top>> X11WindowServer::visibleTops(ProcessId owner) const {

@@ -10,7 +10,7 @@ namespace {
 constexpr Seconds withdrawalGrace{0.25};
 
 bool isStandard(const SimulatedWindow& window) {
-    return window.subrole == "AXStandardWindow";
+    return window.kind == WindowKind::standard;
 }
 
 } // namespace
@@ -23,8 +23,11 @@ WindowId SimulatedApplication::openWindow(SimulatedWindow window) {
     windows_.push_back(window);
     if (!window.withdrawn) {
         show();
+        if (isStandard(window)) {
+            withdrawn_.clear();
+        }
     }
-    post("AXWindowCreated");
+    post(WindowEvent::appeared);
     if (isOnScreen(window)) {
         focusWindow(window.id);
     }
@@ -32,7 +35,7 @@ WindowId SimulatedApplication::openWindow(SimulatedWindow window) {
 }
 
 WindowId SimulatedApplication::openDialog() {
-    return openWindow({.subrole = "AXDialog", .frame = {300, 300, 400, 200}});
+    return openWindow({.kind = WindowKind::dialog, .frame = {300, 300, 400, 200}});
 }
 
 void SimulatedApplication::closeWindow(WindowId id) {
@@ -41,8 +44,15 @@ void SimulatedApplication::closeWindow(WindowId id) {
         return;
     }
     const bool wasOnScreen = isOnScreen(*closed);
+    if (isStandard(*closed) && !closed->withdrawn) {
+        forgetWithdrawnBefore(workspace_.queue().now() - withdrawalGrace);
+    }
     std::erase_if(windows_, [id](const SimulatedWindow& each) { return each.id == id; });
-    post("AXUIElementDestroyed");
+    withdrawn_.erase(id);
+    if (!hasWindowOnDesktop() && withdrawn_.empty() && !hasTrayItem) {
+        hidden_ = false; // nothing is left by which it could be brought back
+    }
+    post(WindowEvent::vanished);
     leaveScreen(wasOnScreen);
 }
 
@@ -54,12 +64,12 @@ void SimulatedApplication::closeWindows() {
 
 void SimulatedApplication::minimise(WindowId id) {
     auto* const target = window(id);
-    if (target == nullptr || target->minimised) {
+    if (target == nullptr || target->minimised || workspace_.refusesToIconify) {
         return;
     }
     const bool wasOnScreen = isOnScreen(*target);
     target->minimised = true;
-    post("AXWindowMiniaturized");
+    post(WindowEvent::minimized);
     leaveScreen(wasOnScreen);
 }
 
@@ -69,7 +79,7 @@ void SimulatedApplication::restore(WindowId id) {
         return;
     }
     target->minimised = false;
-    post("AXWindowDeminiaturized");
+    post(WindowEvent::restored);
     focusWindow(id);
 }
 
@@ -83,6 +93,9 @@ void SimulatedApplication::withdraw(WindowId id) {
     }
     const bool wasOnScreen = isOnScreen(*target);
     target->withdrawn = true;
+    forgetWithdrawnBefore(workspace_.queue().now() - withdrawalGrace);
+    withdrawn_[id] = workspace_.queue().now();
+    post(WindowEvent::withdrawn);
     leaveScreen(wasOnScreen);
 }
 
@@ -92,7 +105,9 @@ void SimulatedApplication::map(WindowId id) {
         return;
     }
     target->withdrawn = false;
+    withdrawn_.clear();
     show();
+    post(WindowEvent::appeared);
     focusWindow(id);
 }
 
@@ -100,13 +115,13 @@ void SimulatedApplication::focusWindow(WindowId id) {
     if (window(id) == nullptr) {
         return;
     }
-    post("AXFocusedWindowChanged");
+    post(WindowEvent::focused);
     activate();
 }
 
 void SimulatedApplication::leaveScreen(bool wasOnScreen) {
     if (hasWindowOnScreen()) {
-        post("AXFocusedWindowChanged");
+        post(WindowEvent::focused);
     } else if (wasOnScreen) {
         workspace_.passFocusOn(*this);
     }
@@ -118,12 +133,25 @@ void SimulatedApplication::leaveScreen(bool wasOnScreen) {
 }
 
 void SimulatedApplication::hideIfKeptInBackground() {
-    const bool onDesktop =
-        std::any_of(windows_.begin(), windows_.end(), [](const auto& each) { return !each.withdrawn; });
-    const bool canComeBack = hasTrayItem || std::any_of(windows_.begin(), windows_.end(), isStandard);
-    if (!onDesktop && canComeBack) {
+    if (!hasWindowOnDesktop() && (hasTrayItem || !withdrawn_.empty())) {
         setHidden(true);
     }
+}
+
+/// Windows that were off the desktop when others were still on it.
+void SimulatedApplication::forgetWithdrawnBefore(Date date) {
+    std::erase_if(withdrawn_, [date](const auto& entry) { return entry.second < date; });
+}
+
+void SimulatedApplication::setKind(WindowId id, WindowKind kind) {
+    if (auto* const changed = window(id); changed != nullptr && isApplicationWindow(kind)) {
+        changed->kind = kind;
+        post(WindowEvent::appeared);
+    }
+}
+
+bool SimulatedApplication::hasWindowOnDesktop() const {
+    return std::any_of(windows_.begin(), windows_.end(), [](const auto& each) { return !each.withdrawn; });
 }
 
 SimulatedWindow* SimulatedApplication::window(WindowId id) {

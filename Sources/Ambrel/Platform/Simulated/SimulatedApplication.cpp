@@ -2,20 +2,49 @@
 
 #include "Platform/Simulated/SimulatedWorkspace.h"
 
+#include <utility>
+
 namespace ambrel::simulated {
 
 SimulatedApplication::SimulatedApplication(SimulatedWorkspace& workspace, ApplicationFacts facts)
     : workspace_(workspace), facts_(std::move(facts)) {}
 
-bool SimulatedApplication::terminate() {
-    if (terminated_ || std::holds_alternative<CannotBeAsked>(terminateAnswer)) {
-        return false;
+bool SimulatedApplication::isHidden() const {
+    return hidden_ || (hasTrayItem && !hasWindowOnDesktop());
+}
+
+void SimulatedApplication::terminate(std::function<bool()> lastLook, std::function<void(QuitOutcome)> done) {
+    // Windows are simply asked to close.
+    if (hasWindowOnDesktop() || questionTime.count() <= 0) {
+        return done(request(lastLook));
     }
+    if (std::exchange(asking_, true)) {
+        return done(QuitOutcome::nothingSent);
+    }
+    workspace_.queue().asyncAfter(questionTime,
+                                  [self = shared_from_this(), lastLook = std::move(lastLook), done = std::move(done)] {
+                                      self->asking_ = false;
+                                      done(self->hasWindowOnDesktop() ? QuitOutcome::dropped : self->request(lastLook));
+                                  });
+}
+
+QuitOutcome SimulatedApplication::request(const std::function<bool()>& lastLook) {
+    if (terminated_) {
+        return QuitOutcome::gone;
+    }
+    const bool again = signalled_ && !hasWindowOnDesktop();
+    if (again || !workspace_.hasWindowManager || std::holds_alternative<CannotBeAsked>(terminateAnswer)) {
+        return QuitOutcome::nothingSent;
+    }
+    if (!lastLook()) {
+        return QuitOutcome::dropped;
+    }
+    signalled_ = signalled_ || !hasWindowOnDesktop();
     note(workspace_.requests.terminated, workspace_.requests.willTerminate);
     if (!frozen_) {
         std::visit([this](const auto& chosen) { answer(chosen); }, terminateAnswer);
     }
-    return true;
+    return QuitOutcome::sent;
 }
 
 bool SimulatedApplication::forceTerminate() {
@@ -28,11 +57,13 @@ bool SimulatedApplication::forceTerminate() {
 }
 
 bool SimulatedApplication::hide() {
-    if (terminated_) {
+    if (terminated_ || !hasWindowOnDesktop()) {
         return false;
     }
     note(workspace_.requests.hidden, workspace_.requests.willHide);
-    hideItself();
+    if (!workspace_.refusesToIconify) {
+        hideItself();
+    }
     return true;
 }
 
@@ -44,6 +75,11 @@ void SimulatedApplication::note(std::vector<Request>& requests, const Signal<con
 
 void SimulatedApplication::answer(const Quits& answer) {
     workspace_.queue().asyncAfter(answer.delay, [self = shared_from_this()] { self->quit(); });
+}
+
+void SimulatedApplication::answer(const Lingers& answer) {
+    workspace_.queue().async([self = shared_from_this()] { self->closeWindows(); });
+    workspace_.queue().asyncAfter(answer.span, [self = shared_from_this()] { self->crash(); });
 }
 
 void SimulatedApplication::answer(const ShowsSaveDialog&) {
@@ -67,7 +103,7 @@ void SimulatedApplication::setHidden(bool hidden) {
         return;
     }
     hidden_ = hidden;
-    post(hidden ? "AXApplicationHidden" : "AXApplicationShown");
+    post(hidden ? WindowEvent::hidden : WindowEvent::shown);
     if (hidden) {
         workspace_.announce(workspace_.didHide, shared_from_this());
         workspace_.passFocusOn(*this);
@@ -95,9 +131,14 @@ void SimulatedApplication::crash() {
     workspace_.remove(shared_from_this());
 }
 
-void SimulatedApplication::post(std::string notification) {
-    workspace_.queue().async(
-        [self = shared_from_this(), name = std::move(notification)] { self->notifications.emit(name); });
+void SimulatedApplication::post(WindowEvent event) {
+    workspace_.queue().async([self = shared_from_this(), event] {
+        // The next process with the same id has other windows.
+        const auto current = self->workspace_.find(self->processIdentifier());
+        if (!current || current == self) {
+            self->workspace_.windowEvent.emit(self->processIdentifier(), event);
+        }
+    });
 }
 
 } // namespace ambrel::simulated

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "Core/MainQueue.h"
-#include "Platform/Simulated/AccessibilityFaults.h"
 #include "Platform/Simulated/RequestLog.h"
 #include "Platform/Simulated/SimulatedWindow.h"
 #include "Platform/Simulated/TerminateAnswer.h"
+#include "Platform/Simulated/WindowFaults.h"
 
+#include <map>
 #include <vector>
 
 namespace ambrel::simulated {
@@ -36,9 +37,9 @@ public:
     [[nodiscard]] std::optional<std::filesystem::path> bundleURL() const override { return facts_.bundleURL; }
     [[nodiscard]] ActivationPolicy activationPolicy() const override { return facts_.policy; }
     [[nodiscard]] bool isTerminated() const override { return terminated_; }
-    [[nodiscard]] bool isHidden() const override { return hidden_; }
+    [[nodiscard]] bool isHidden() const override;
     [[nodiscard]] std::optional<Date> launchDate() const override { return facts_.launchDate; }
-    bool terminate() override;
+    void terminate(std::function<bool()> lastLook, std::function<void(QuitOutcome)> done) override;
     bool forceTerminate() override;
     bool hide() override;
 
@@ -50,11 +51,12 @@ public:
     void closeWindows();
     void minimise(WindowId id);
     void restore(WindowId id);
-    /// Takes the window off the desktop but keeps it; a dialog is gone with that. An application whose last window
-    /// on the desktop has been gone for a quarter of a second, and that its user can bring back, counts as hidden.
+    /// Takes the window off the desktop but keeps it; a dialog is gone with that. If it was the last one, its
+    /// application counts as hidden a quarter of a second later, for as long as the window lives.
     void withdraw(WindowId id);
     void map(WindowId id);
     void focusWindow(WindowId id);
+    void setKind(WindowId id, WindowKind kind);
 
     /// The user, or the application, hides it; `hide` is the program's own request.
     void hideItself();
@@ -70,27 +72,33 @@ public:
     [[nodiscard]] SimulatedWindow* window(WindowId id);
     [[nodiscard]] bool isOnScreen(const SimulatedWindow& window) const;
     [[nodiscard]] bool hasWindowOnScreen() const;
+    /// On whatever workspace, minimised or not.
+    [[nodiscard]] bool hasWindowOnDesktop() const;
     [[nodiscard]] bool isFrozen() const { return frozen_; }
+    /// The process itself was asked to quit, which is done once.
+    [[nodiscard]] bool wasSignalled() const { return signalled_; }
 
     TerminateAnswer terminateAnswer = Quits{};
-    AccessibilityFaults accessibility;
+    /// How long it takes to learn how the application can be asked to quit.
+    Seconds questionTime{0};
+    WindowFaults faults;
     bool hasTrayItem = false;
-
-    /// Where the application's accessibility notifications come out, by name.
-    Signal<const std::string&> notifications;
 
 private:
     void answer(const Quits& answer);
+    void answer(const Lingers& answer);
     void answer(const Refuses&) {}
     void answer(const ShowsSaveDialog&);
     void answer(const Freezes&) { frozen_ = true; }
     void answer(const CannotBeAsked&) {}
 
     void note(std::vector<Request>& requests, const Signal<const Request&>& announcement);
-    void post(std::string notification);
+    void post(WindowEvent event);
     void setHidden(bool hidden);
     void leaveScreen(bool wasOnScreen);
     void hideIfKeptInBackground();
+    [[nodiscard]] QuitOutcome request(const std::function<bool()>& lastLook);
+    void forgetWithdrawnBefore(Date date);
 
     SimulatedWorkspace& workspace_;
     ApplicationFacts facts_;
@@ -99,6 +107,9 @@ private:
     bool terminated_ = false;
     bool hidden_ = false;
     bool frozen_ = false;
+    bool signalled_ = false;
+    bool asking_ = false;
+    std::map<WindowId, Date> withdrawn_; ///< those by which its user could bring it back
 };
 
 using SimulatedApplicationRef = std::shared_ptr<SimulatedApplication>;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Platform/Platform.h"
-#include "Platform/Simulated/SimulatedAccessibility.h"
 #include "Platform/Simulated/SimulatedAppearance.h"
 #include "Platform/Simulated/SimulatedApplicationHost.h"
 #include "Platform/Simulated/SimulatedBackgroundQueue.h"
@@ -17,6 +16,7 @@
 #include "Platform/Simulated/SimulatedStatusBar.h"
 #include "Platform/Simulated/SimulatedUpdater.h"
 #include "Platform/Simulated/SimulatedUserDefaults.h"
+#include "Platform/Simulated/SimulatedWindowList.h"
 #include "Platform/Simulated/SimulatedWindowServer.h"
 #include "Platform/Simulated/SimulatedWorkspace.h"
 #include "Platform/Simulated/VirtualMainQueue.h"
@@ -30,7 +30,7 @@ public:
     explicit SimulatedPlatform(const std::filesystem::path& home);
 
     [[nodiscard]] SimulatedWorkspace& workspace() override { return workspace_; }
-    [[nodiscard]] SimulatedAccessibility& accessibility() override { return accessibility_; }
+    [[nodiscard]] SimulatedWindowList& windowList() override { return windowList_; }
     [[nodiscard]] SimulatedWindowServer& windowServer() override { return windowServer_; }
     [[nodiscard]] SimulatedUserDefaults& userDefaults() override { return userDefaults_; }
     [[nodiscard]] SimulatedBundle& bundle() override { return bundle_; }
@@ -62,7 +62,7 @@ public:
 private:
     VirtualMainQueue queue_;
     SimulatedWorkspace workspace_;
-    SimulatedAccessibility accessibility_;
+    SimulatedWindowList windowList_;
     SimulatedWindowServer windowServer_;
     SimulatedUserDefaults userDefaults_;
     SimulatedBundle bundle_;

@@ -9,7 +9,7 @@ namespace ambrel::simulated {
 namespace {
 
 WindowInfo listed(ProcessId owner, const SimulatedWindow& window) {
-    WindowInfo info{owner, window.layer, window.alpha, window.frame};
+    WindowInfo info{owner, window.layer, window.alpha, window.frame, window.kind};
     if (window.unreadable.owner) {
         info.ownerPID.reset();
     }

@@ -54,6 +54,12 @@ public:
     std::vector<std::filesystem::path> revealed;
     ProcessId ownPID = 1000;
 
+    /// Where the windows' events come out.
+    Signal<ProcessId, WindowEvent> windowEvent;
+    /// The window manager answers no request to iconify.
+    bool refusesToIconify = false;
+    bool hasWindowManager = true;
+
     // What applications do to the desktop around them.
     void announce(Signal<const RunningApplicationRef&>& event, RunningApplicationRef app);
     void focus(const SimulatedApplicationRef& app);

@@ -10,6 +10,10 @@ namespace ambrel::simulated {
 struct Quits {
     Seconds delay{0};
 };
+/// Closes its windows and works on without any, from the request until its end.
+struct Lingers {
+    Seconds span{10};
+};
 /// Takes the request and carries on.
 struct Refuses {};
 /// Asks its user first, in a dialog that stays open until someone answers it.
@@ -20,6 +24,6 @@ struct Freezes {};
 struct CannotBeAsked {};
 
 /// How an application answers a request to quit.
-using TerminateAnswer = std::variant<Quits, Refuses, ShowsSaveDialog, Freezes, CannotBeAsked>;
+using TerminateAnswer = std::variant<Quits, Lingers, Refuses, ShowsSaveDialog, Freezes, CannotBeAsked>;
 
 } // namespace ambrel::simulated

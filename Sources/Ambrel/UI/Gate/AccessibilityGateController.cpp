@@ -19,7 +19,7 @@ AccessibilityGateController::~AccessibilityGateController() {
 void AccessibilityGateController::present(Windows::GateActions actions) {
     letGo();
     actions_ = std::move(actions);
-    permission_ = std::make_unique<GatePermission>(neighbours_.accessibility, actions_.openSettings);
+    permission_ = std::make_unique<GatePermission>(neighbours_.windows, actions_.openSettings);
     makeWindow();
     isPresented_ = true;
     neighbours_.dock.willShowWindow();

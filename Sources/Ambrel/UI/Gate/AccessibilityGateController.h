@@ -11,11 +11,11 @@ class QQuickView;
 
 namespace ambrel {
 
-class Accessibility;
 class Compositor;
 class DockPresence;
 class GatePermission;
 class Stage;
+class WindowList;
 
 /// The window that says what is missing while Ambrel may not see windows.
 class AccessibilityGateController {
@@ -24,7 +24,7 @@ public:
         Stage& stage;
         Compositor& compositor;
         DockPresence& dock;
-        Accessibility& accessibility;
+        WindowList& windows;
     };
 
     /// Of the window's content.

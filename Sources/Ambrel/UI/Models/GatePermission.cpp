@@ -1,19 +1,19 @@
 #include "UI/Models/GatePermission.h"
 
 #include "DesignSystem/ABRenderConfig.h"
-#include "Platform/Accessibility.h"
+#include "Platform/WindowList.h"
 
 namespace ambrel {
 
-GatePermission::GatePermission(Accessibility& accessibility, std::function<void()> onOpenSettings, QObject* parent)
+GatePermission::GatePermission(WindowList& windows, std::function<void()> onOpenSettings, QObject* parent)
     : QObject(parent), onOpenSettings_(std::move(onOpenSettings)) {
     if (!ABRenderConfig::isSnapshot) {
-        changes_ = accessibility.trustDidChange.subscribe([this](bool trusted) { trustDidChange(trusted); });
+        changes_ = windows.readableDidChange.subscribe([this](bool readable) { readableDidChange(readable); });
     }
 }
 
-void GatePermission::trustDidChange(bool trusted) {
-    if (trusted && !granted_) {
+void GatePermission::readableDidChange(bool readable) {
+    if (readable && !granted_) {
         granted_ = true;
         grantedChanged();
     }

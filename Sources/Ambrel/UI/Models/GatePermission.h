@@ -9,7 +9,7 @@
 
 namespace ambrel {
 
-class Accessibility;
+class WindowList;
 
 /// What the gate waits for.
 class GatePermission : public QObject {
@@ -19,8 +19,8 @@ class GatePermission : public QObject {
     Q_PROPERTY(bool granted READ granted NOTIFY grantedChanged)
 
 public:
-    /// `accessibility` must outlive this object.
-    GatePermission(Accessibility& accessibility, std::function<void()> onOpenSettings, QObject* parent = nullptr);
+    /// `windows` must outlive this object.
+    GatePermission(WindowList& windows, std::function<void()> onOpenSettings, QObject* parent = nullptr);
 
     /// Once it is there, it stays.
     [[nodiscard]] bool granted() const { return granted_; }
@@ -30,7 +30,7 @@ Q_SIGNALS:
     void grantedChanged();
 
 private:
-    void trustDidChange(bool trusted);
+    void readableDidChange(bool readable);
 
     std::function<void()> onOpenSettings_;
     bool granted_ = false;

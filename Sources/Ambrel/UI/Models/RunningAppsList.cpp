@@ -41,13 +41,13 @@ void RunningAppsList::toggleSelected(int pid) {
 
 void RunningAppsList::quit(int pid) {
     if (const auto app = application(pid)) {
-        model_.quit(*app, false);
+        model_.quit(app, false);
     }
 }
 
 void RunningAppsList::forceQuit(int pid) {
     if (const auto app = application(pid)) {
-        model_.quit(*app, true);
+        model_.quit(app, true);
     }
 }
 
