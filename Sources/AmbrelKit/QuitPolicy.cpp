@@ -108,7 +108,7 @@ std::optional<QuitPolicy::AbortReason> whileReading(std::ptrdiff_t threshold,
 QuitPolicy::ValidationResult QuitPolicy::validateFire(const FireTimeState& state,
                                                       const std::function<bool()>& devGuardAllows,
                                                       const ReadCount& readWindowCount,
-                                                      const ReadCount& readCGWindowCount) {
+                                                      const ReadCount& readCGWindowCount, const ReadWork& readWork) {
     if (auto reason = beforeGuard(state)) {
         return Abort{*std::move(reason)};
     }
@@ -120,6 +120,13 @@ QuitPolicy::ValidationResult QuitPolicy::validateFire(const FireTimeState& state
     }
     if (auto reason = whileReading(state.threshold, readWindowCount, readCGWindowCount)) {
         return Abort{*std::move(reason)};
+    }
+    // Last of all, as both are worth another look only where nothing else speaks against the quit.
+    if (state.isOccupied) {
+        return Abort{Occupied{}};
+    }
+    if (const auto sign = readWork()) {
+        return Abort{Working{*sign}};
     }
     return Proceed{};
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "AmbrelKit/WorkPolicy.h"
+
 #include <cstddef>
 #include <functional>
 #include <optional>
@@ -41,6 +43,7 @@ struct QuitPolicy {
         std::ptrdiff_t threshold;
         std::ptrdiff_t openDialogs = 0;
         bool requestInFlight = false;
+        bool isOccupied = false; ///< for its user, as one that plays; or that could not be learned in time
     };
 
     // A case without a payload is an empty record, so that cases compare by kind and payload alike.
@@ -64,6 +67,10 @@ struct QuitPolicy {
         std::ptrdiff_t dialogs;
         bool operator==(const DialogOpen&) const = default;
     };
+    struct Working {
+        WorkPolicy::Sign sign;
+        bool operator==(const Working&) const = default;
+    };
     AMBREL_CASE(Paused);
     AMBREL_CASE(SelfApp);
     AMBREL_CASE(Excluded);
@@ -75,6 +82,7 @@ struct QuitPolicy {
     AMBREL_CASE(RecentlyMinimized);
     AMBREL_CASE(NeverObservedAboveThreshold);
     AMBREL_CASE(RequestInFlight);
+    AMBREL_CASE(Occupied);
     AMBREL_CASE(AXReadFailed);
     AMBREL_CASE(CancelPending);
     AMBREL_CASE(Schedule);
@@ -90,9 +98,10 @@ struct QuitPolicy {
     };
     using CountChangeAction = std::variant<Ignore, CancelPending, Schedule>;
 
-    using AbortReason = std::variant<UntrustedSystemState, WindowsReopened, CGVeto, Paused, SelfApp, Excluded,
-                                     NoMonitor, AppTerminated, DevGuardDenied, RuleDisabled, Hidden, RecentlyMinimized,
-                                     NeverObservedAboveThreshold, AXReadFailed, RequestInFlight, DialogOpen>;
+    using AbortReason =
+        std::variant<UntrustedSystemState, WindowsReopened, CGVeto, Paused, SelfApp, Excluded, NoMonitor, AppTerminated,
+                     DevGuardDenied, RuleDisabled, Hidden, RecentlyMinimized, NeverObservedAboveThreshold, AXReadFailed,
+                     RequestInFlight, DialogOpen, Occupied, Working>;
     struct Abort {
         AbortReason reason;
         bool operator==(const Abort&) const = default;
@@ -109,16 +118,16 @@ struct QuitPolicy {
     static constexpr int cgVetoRetryLimit = 4;
     static constexpr double cgVetoRetryDelay = 2.0; ///< seconds
 
+    using ReadWork = std::function<std::optional<WorkPolicy::Sign>()>;
     using ReadCount = std::function<std::optional<std::ptrdiff_t>()>;
 
     [[nodiscard]] static std::ptrdiff_t threshold(bool quitOnlyWhenOneWindowLeft);
     [[nodiscard]] static CountChangeAction onCountChange(const CountChangeState& state);
     /// Calls each callable at most once, and only when no earlier check has ended the evaluation. An absent window
     /// count stops the quit; an absent window-server count doesn't, as that count is only ever a veto.
-    [[nodiscard]] static ValidationResult validateFire(const FireTimeState& state,
-                                                       const std::function<bool()>& devGuardAllows,
-                                                       const ReadCount& readWindowCount,
-                                                       const ReadCount& readCGWindowCount);
+    [[nodiscard]] static ValidationResult validateFire(
+        const FireTimeState& state, const std::function<bool()>& devGuardAllows, const ReadCount& readWindowCount,
+        const ReadCount& readCGWindowCount, const ReadWork& readWork = [] { return std::nullopt; });
     /// Seconds between the two validations.
     [[nodiscard]] static double reconfirmDelay(bool lastDropWasJump);
     [[nodiscard]] static CGVetoRetryAction nextCGVetoRetry(int priorAttempts);

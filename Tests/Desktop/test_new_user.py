@@ -103,9 +103,10 @@ class NewUser(TrayIconTest):
         self.dunst.close_all()
 
     def let_the_terminal_be_quit(self):
+        begin = len(self.ambrel.lines)
         self.screen_says.click("Quit when the last window closes")
         self.screen_says.click("Quit when hidden")
-        begin = len(self.ambrel.lines)
+        self.ambrel.wait_for("reconcile (rules-changed): +1", after=begin)
         window = self.open_terminal()
         self.ambrel.wait_for("windows 0->1", after=begin)
         windows.close(window)

@@ -26,6 +26,8 @@ TEST(HistoryTextsTests, SayWhatHappenedAndWhy) {
         {event("by-magic", "vanished"), "xmark.circle", "Mail — quit", "by-magic"},
         {event("idle", "skipped(screen-locked)", "idle=1805s"), "shield.checkered", "Mail — held back",
          "Screen was locked — the zero window count wasn't trusted."},
+        {event("last-window", "skipped(playing)"), "shield.checkered", "Mail — held back",
+         "It was playing — kept until that stops."},
         {event("idle", "skipped(later)"), "shield.checkered", "Mail — held back", "skipped(later)"},
     };
     for (const auto& each : cases) {

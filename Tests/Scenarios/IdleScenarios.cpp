@@ -116,15 +116,50 @@ TEST_F(Idle, TimeAsleepOrLockedIsNotIdleTime) {
     setIdle(IdleBehavior::quit);
     launchBehind();
     desktop.advance(200);
-    desktop.mainQueue().shiftWallClock(Seconds(8 * 3600)); // the night passes
+    desktop.mainQueue().sleep(Seconds(8 * 3600));
+    desktop.advance(80);
+    EXPECT_THAT(terminated(), IsEmpty()) << "asleep, though nobody has told of the waking yet";
     desktop.session().didWake.emit();
     desktop.advance(200);
+    desktop.mainQueue().shiftWallClock(Seconds(7200));
+    desktop.advance(90);
+    EXPECT_THAT(terminated(), IsEmpty()) << "the clock was set";
     desktop.session().screenIsLocked.emit();
     desktop.session().screenIsUnlocked.emit();
     desktop.advance(299);
     EXPECT_THAT(terminated(), IsEmpty());
     desktop.advance(30);
     EXPECT_EQ(terminated().size(), 1U);
+}
+
+TEST_F(Idle, AnOccupiedApplicationIsKeptUntilItIsNoMore) {
+    start();
+    setIdle(IdleBehavior::quit);
+    auto& app = launchBehind();
+    desktop.occupations().of[app.processIdentifier()] = Occupation::playing;
+    desktop.advance(7200);
+    EXPECT_THAT(terminated(), IsEmpty());
+    EXPECT_THAT(decisions(), ElementsAre("idle skipped(playing) Editor")) << "said once";
+    desktop.occupations().of.clear();
+    desktop.occupations().isSilent = true;
+    desktop.advance(60);
+    EXPECT_THAT(terminated(), IsEmpty()) << "no answer is a yes";
+    desktop.occupations().isSilent = false;
+    desktop.advance(30);
+    EXPECT_EQ(terminated().size(), 1U);
+}
+
+TEST_F(Idle, AWindowManagerThatRefusesToHideIsAskedOnceAndHidesNothing) {
+    desktop.workspace().refusesToIconify = true;
+    start();
+    setIdle(IdleBehavior::hide);
+    auto& app = launchBehind();
+    desktop.advance(3600);
+    EXPECT_EQ(hidden().size(), 1U);
+    EXPECT_EQ(decisions().size(), 1U);
+    app.closeWindows();
+    desktop.advance(2);
+    EXPECT_THAT(terminated(), ElementsAre(app.processIdentifier()));
 }
 
 TEST_F(Idle, TheGuardIsAskedOnceAboutAQuitAndNeverAboutAHide) {

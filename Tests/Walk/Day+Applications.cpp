@@ -39,6 +39,20 @@ std::vector<Day::Verb> Day::applicationVerbs() {
                   app.hasTrayItem = once(6);
               }),
         onApp(60, "use an application", [](App& app) { app.activate(); }),
+        onApp(15, "work",
+              [this](App& app) {
+                  using simulated::Work;
+                  desktop_.processActivity().work(app.processIdentifier(),
+                                                  oneOf({Work::computes, Work::writes, Work::waitsForDisk}),
+                                                  Seconds(oneOf({0.3, 1.0, 4.0, 90.0})));
+              }),
+        onApp(10, "play, or stop",
+              [this](App& app) {
+                  auto& occupied = desktop_.occupations().of;
+                  if (occupied.erase(app.processIdentifier()) == 0) {
+                      occupied[app.processIdentifier()] = oneOf({Occupation::playing, Occupation::inhibiting});
+                  }
+              }),
         onApp(20, "end an application",
               [this](App& app) {
                   ended_.push_back(app.processIdentifier());

@@ -18,8 +18,8 @@ DesktopHistory::DesktopHistory(simulated::SimulatedPlatform& desktop, const Wish
     on(session.sessionDidBecomeActive, [this] { setDistrust(away_, false); });
     on(session.didWake, [this] { beginAnew(); });
     auto& workspace = desktop.workspace();
-    on(workspace.didActivate, [this](const auto& app) { of(*app).touched = wall(); });
-    on(workspace.didDeactivate, [this](const auto& app) { of(*app).touched = wall(); });
+    on(workspace.didActivate, [this](const auto& app) { of(*app).touched = now(); });
+    on(workspace.didDeactivate, [this](const auto& app) { of(*app).touched = now(); });
     on(workspace.didHide, [this](const auto& app) { didHide(*app); });
     on(workspace.windowEvent, [this](ProcessId pid, WindowEvent event) { note(pid, event); });
     on(desktop.windowList().readableDidChange, [this](bool readable) { readableChanged(readable); });
@@ -90,7 +90,7 @@ void DesktopHistory::beginAnew() {
     calm = std::max(calm, begun);
     for (const auto& app : desktop_.workspace().applications()) {
         if (app->activationPolicy() == ActivationPolicy::regular) {
-            of(*app).touched = wall();
+            of(*app).touched = now();
         }
     }
 }
@@ -142,8 +142,10 @@ void DesktopHistory::look(const App& app, AppHistory& history) {
     }
     history.blind = history.blind || app.faults.failingReads > 0 || !desktop_.windowList().isReadable();
     const bool vetoed = windows == 0 && shows(app);
+    const bool busy = isOccupied(app) || isWorking(app);
+    history.busySince = !busy ? never : history.busySince > never ? history.busySince : now();
     const bool askedBefore = isInFlight(history) && history.asked < history.counted;
-    if (app.isHidden() || askedBefore || history.blind || vetoed || distrusted() || wishes_.paused) {
+    if (app.isHidden() || busy || askedBefore || history.blind || vetoed || distrusted() || wishes_.paused) {
         history.upset = std::max(history.upset, now());
     }
 }
@@ -157,6 +159,14 @@ long DesktopHistory::count(const App& app) {
 long DesktopHistory::dialogs(const App& app) {
     return std::count_if(app.windows().begin(), app.windows().end(),
                          [](const auto& window) { return window.kind == WindowKind::dialog && !window.withdrawn; });
+}
+
+bool DesktopHistory::isOccupied(const App& app) const {
+    return desktop_.occupations().of.contains(app.processIdentifier());
+}
+
+bool DesktopHistory::isWorking(const App& app) const {
+    return desktop_.processActivity().isWorking(app.processIdentifier());
 }
 
 bool DesktopHistory::shows(const App& app) const {

@@ -28,10 +28,11 @@ struct AppHistory {
     double hidden = never;               ///< the last time it hid
     double hideDelay = 0;                ///< the user's delay at that time
     bool hidWillingly = false;           ///< all that allows a quit was so when it hid
+    double busySince = never;            ///< it has worked or been occupied since then; never while it isn't
     bool blind = false;                  ///< its windows could not always be read
     double asked = never;                ///< when it was last asked to quit; never again once that request is over
     std::optional<Date> minimisedWall{}; ///< by the wall clock
-    std::optional<Date> touched{};       ///< by the wall clock: the last time it was known to be in use
+    std::optional<double> touched{};     ///< the last time it was known to be in use
 };
 
 /// Remembers what the desktop and its user did, from the desktop's own events and the true state of its windows.
@@ -52,6 +53,8 @@ public:
     [[nodiscard]] bool distrusted() const { return locked_ || asleep_ || away_; }
     [[nodiscard]] static long count(const App& app);
     [[nodiscard]] static long dialogs(const App& app);
+    [[nodiscard]] bool isOccupied(const App& app) const;
+    [[nodiscard]] bool isWorking(const App& app) const;
     /// A request to quit lasts a minute, unless a window comes or the window manager goes.
     [[nodiscard]] bool isInFlight(const AppHistory& history) const { return now() < history.asked + 60; }
     /// The window server shows something that can be a window of this application.

@@ -15,6 +15,7 @@ constexpr double slack = 1e-4;
 constexpr double secondCheck = 0.5;
 constexpr double longestCheck = 2.1;
 constexpr double longestQuestion = 1.6;
+constexpr double lastLook = 2.1;
 
 bool isEditor(const std::string& bundleID) {
     return strcasecmp(bundleID.c_str(), "com.apple.TextEdit") == 0;
@@ -103,6 +104,10 @@ void Statement::judgeLastWindow(const App& app, const AppHistory& history) {
     claim(windows > 0 || !history_.shows(app) || app.questionTime.count() > 0, app, "is on the screen");
     claim(!app.isHidden(), app, "is hidden");
     claim(DesktopHistory::dialogs(app) == 0, app, "has a dialog open");
+    // What begins after the last look can't be seen, nor what begins while the application is asked how to ask it.
+    const bool busyForLong = (history_.isOccupied(app) || history_.isWorking(app)) && history.busySince > never &&
+                             now > history.busySince + lastLook + app.questionTime.count();
+    claim(!busyForLong, app, "is at work or occupied");
     claim(history.above >= history_.begun - slack, app, "was not seen with a window since all began anew");
     const double watched = std::max({history.known, history_.begun, history_.calm}) + attachment;
     claim(history.blind || history.minimised < watched ||
@@ -132,16 +137,18 @@ void Statement::judgeHidden(const App& app, const AppHistory& history) {
 
 void Statement::judgeIdle(const App& app, const AppHistory& history, bool hides) {
     const auto& wish = wishFor(app);
-    const auto limit =
-        Seconds(60.0 * static_cast<double>(std::max(wish.idleThresholdMinutes, std::int64_t{5})) - slack);
+    const auto limit = 60.0 * static_cast<double>(std::max(wish.idleThresholdMinutes, std::int64_t{5})) - slack;
     const auto wanted = hides ? AppRule::IdleBehavior::hide : AppRule::IdleBehavior::quit;
     claim(wishes_.own.contains(*app.bundleIdentifier()) && wish.idleBehavior == wanted, app,
           "has no rule for idleness");
     claim(app.activationPolicy() == ActivationPolicy::regular, app, "is not an ordinary application");
     claim(!wishes_.paused, app, "was idle in a pause");
     claim(desktop_.workspace().frontmostApplication().get() != &app, app, "is in front");
-    claim(history.touched && history_.wall() - *history.touched >= limit, app, "was not idle long enough");
+    claim(history.touched && history_.now() - *history.touched >= limit, app, "was not idle long enough");
     claim(!hides || !app.isHidden(), app, "was hidden already");
+    claim(hides || !history_.isOccupied(app) || app.questionTime.count() > 0 ||
+              history_.now() < history.busySince + lastLook,
+          app, "is occupied");
 }
 
 void Statement::judgeQuitAll(const App& app) {

@@ -14,4 +14,9 @@ Date SystemClock::now() const {
     return std::chrono::time_point_cast<Seconds>(std::chrono::system_clock::now());
 }
 
+Seconds SystemMonotonicClock::now() const {
+    // On Linux the steady clock is the one that does not count sleep.
+    return std::chrono::steady_clock::now().time_since_epoch();
+}
+
 } // namespace ambrel

@@ -25,6 +25,19 @@ public:
     [[nodiscard]] Date now() const override;
 };
 
+/// A time that only grows, and stands still while the machine sleeps: for the ages of things.
+class MonotonicClock {
+public:
+    virtual ~MonotonicClock() = default;
+    /// Since some moment in the past.
+    [[nodiscard]] virtual Seconds now() const = 0;
+};
+
+class SystemMonotonicClock final : public MonotonicClock {
+public:
+    [[nodiscard]] Seconds now() const override;
+};
+
 /// A clock that shows the date it was last given.
 class FakeClock final : public Clock {
 public:

@@ -1,7 +1,9 @@
 #include "Engine/IdleMonitor.h"
 
 #include "Core/MainQueue.h"
+#include "Engine/ActivityWatch.h"
 #include "Engine/DevGuard.h"
+#include "Engine/OccupationWords.h"
 #include "Engine/QuitRequests.h"
 #include "Platform/Environment.h"
 #include "Platform/Platform.h"
@@ -21,7 +23,7 @@ constexpr double defaultIntervalSeconds = 30.0;
 constexpr std::int64_t leastThresholdMinutes = 5;
 constexpr double secondsPerMinute = 60.0;
 
-/// Shown without a fraction, also where a fake clock says something absurd.
+/// Shown without a fraction.
 double wholeSeconds(Seconds idle) {
     return std::trunc(idle.count());
 }
@@ -33,7 +35,7 @@ std::string detail(Seconds idle) {
 } // namespace
 
 IdleMonitor::IdleMonitor(Platform& platform, Neighbours neighbours)
-    : platform_(platform), neighbours_(neighbours),
+    : platform_(platform), neighbours_(neighbours), activity_(platform, neighbours.settings),
       interval_(platform.environment().number("AMBREL_IDLE_EVAL_INTERVAL").value_or(defaultIntervalSeconds)) {}
 
 void IdleMonitor::start() {
@@ -51,7 +53,7 @@ void IdleMonitor::observeWorkspace() {
 }
 
 void IdleMonitor::resetTimestamps() {
-    const Date now = neighbours_.clock.now();
+    const Seconds now = platform_.monotonicClock().now();
     for (const auto& app : platform_.workspace().runningApplications()) {
         if (app->activationPolicy() == ActivationPolicy::regular) {
             lastActive_[app->processIdentifier()] = now;
@@ -69,12 +71,14 @@ void IdleMonitor::scheduleEvaluation() {
 }
 
 void IdleMonitor::touch(const RunningApplicationRef& app) {
-    lastActive_[app->processIdentifier()] = neighbours_.clock.now();
+    lastActive_[app->processIdentifier()] = platform_.monotonicClock().now();
     askedToHide_.erase(app->processIdentifier());
+    kept_.erase(app->processIdentifier());
 }
 
 void IdleMonitor::appTerminated(const RunningApplicationRef& app) {
     askedToHide_.erase(app->processIdentifier());
+    kept_.erase(app->processIdentifier());
     if (lastActive_.erase(app->processIdentifier()) > 0) {
         log_.notice("pruned pid {} ({}) on termination", app->processIdentifier(),
                     app->bundleIdentifier().value_or("?"));
@@ -91,7 +95,7 @@ void IdleMonitor::evaluate() {
     if (neighbours_.settings.isPaused.get()) {
         return;
     }
-    const Date now = neighbours_.clock.now();
+    const Seconds now = platform_.monotonicClock().now();
     const auto front = platform_.workspace().frontmostApplication();
     for (const auto& app : platform_.workspace().runningApplications()) {
         const bool isFront = front && front->processIdentifier() == app->processIdentifier();
@@ -101,7 +105,7 @@ void IdleMonitor::evaluate() {
     }
 }
 
-void IdleMonitor::evaluate(const RunningApplicationRef& app, Date now) {
+void IdleMonitor::evaluate(const RunningApplicationRef& app, Seconds now) {
     const auto bundleID = app->bundleIdentifier();
     const auto rule = bundleID ? neighbours_.rules.explicitRule(*bundleID) : std::nullopt;
     if (!rule || rule->idleBehavior == AppRule::IdleBehavior::none) {
@@ -115,7 +119,7 @@ void IdleMonitor::evaluate(const RunningApplicationRef& app, Date now) {
     if (rule->idleBehavior == AppRule::IdleBehavior::hide) {
         hide(*app, *bundleID, idle);
     } else {
-        quit(app, *bundleID, idle);
+        quitUnlessOccupied(app, *bundleID, idle);
     }
 }
 
@@ -136,6 +140,29 @@ bool IdleMonitor::hasWindowOnDesktop(ProcessId pid) const {
     const auto* const windows = std::get_if<std::vector<ApplicationWindow>>(&reading);
     return windows != nullptr &&
            std::any_of(windows->begin(), windows->end(), [](const auto& window) { return window.onDesktop; });
+}
+
+/// An occupied application keeps its entry, so the next turn asks again.
+void IdleMonitor::quitUnlessOccupied(const RunningApplicationRef& app, const std::string& bundleID, Seconds idle) {
+    const auto pid = app->processIdentifier();
+    const auto entry = lastActive_.find(pid);
+    const auto since = entry != lastActive_.end() ? std::optional(entry->second) : std::nullopt;
+    activity_.ask(*app, lifetime_.guard([this, app, bundleID, idle, pid, since](std::optional<Occupation> occupation) {
+        const auto current = lastActive_.find(pid);
+        const bool isUntouched =
+            since ? current != lastActive_.end() && current->second == *since : current == lastActive_.end();
+        if (!isUntouched || app->isTerminated() || neighbours_.settings.isPaused.get()) {
+            return;
+        }
+        occupation ? keep(*app, bundleID, *occupation) : quit(app, bundleID, idle);
+    }));
+}
+
+void IdleMonitor::keep(const RunningApplication& app, const std::string& bundleID, Occupation occupation) {
+    if (kept_.insert(app.processIdentifier()).second) {
+        log_.notice("idle: {} is {} — kept", bundleID, word(occupation));
+        neighbours_.audit.record(TerminationAudit::Path::idle, app, heldBackBecause(occupation));
+    }
 }
 
 void IdleMonitor::quit(const RunningApplicationRef& app, const std::string& bundleID, Seconds idle) {

@@ -3,6 +3,7 @@
 #include "Core/Lifetime.h"
 #include "Core/Logger.h"
 #include "Core/Signal.h"
+#include "Engine/ActivityWatch.h"
 #include "Engine/TerminationAudit.h"
 #include "Platform/RunningApplication.h"
 
@@ -15,7 +16,6 @@ namespace ambrel {
 class AppRule;
 class AppRulesStore;
 class AppSettings;
-class Clock;
 class DevGuard;
 class Platform;
 class QuitRequests;
@@ -30,7 +30,6 @@ public:
         DevGuard& guard;
         TerminationAudit& audit;
         QuitRequests& requests;
-        const Clock& clock;
     };
 
     IdleMonitor(Platform& platform, Neighbours neighbours);
@@ -44,8 +43,10 @@ private:
     void observeWorkspace();
     void scheduleEvaluation();
     void evaluate();
-    void evaluate(const RunningApplicationRef& app, Date now);
+    void evaluate(const RunningApplicationRef& app, Seconds now);
     void hide(RunningApplication& app, const std::string& bundleID, Seconds idle);
+    void quitUnlessOccupied(const RunningApplicationRef& app, const std::string& bundleID, Seconds idle);
+    void keep(const RunningApplication& app, const std::string& bundleID, Occupation occupation);
     void quit(const RunningApplicationRef& app, const std::string& bundleID, Seconds idle);
     [[nodiscard]] bool hasWindowOnDesktop(ProcessId pid) const;
     [[nodiscard]] double thresholdSeconds(const AppRule& rule) const;
@@ -55,8 +56,11 @@ private:
     Platform& platform_;
     Neighbours neighbours_;
     Logger log_{"idle"};
-    std::unordered_map<ProcessId, Date> lastActive_;
-    std::unordered_set<ProcessId> askedToHide_; ///< since they were last in use
+    std::unordered_map<ProcessId, Seconds> lastActive_; ///< by the monotonic clock
+    // Since they were last in use.
+    std::unordered_set<ProcessId> askedToHide_;
+    std::unordered_set<ProcessId> kept_; ///< though idle, as they are occupied
+    ActivityWatch activity_;
     const Seconds interval_;
     std::vector<Subscription> observers_;
     Lifetime lifetime_;

@@ -101,6 +101,7 @@ void QuitEngine::scheduleQuit(ProcessId pid, const std::string& bundleID) {
 
 void QuitEngine::cancelQuit(ProcessId pid) {
     cgVetoRetries_.erase(pid);
+    forgetActivity(pid);
     if (const auto pending = pendingQuits_.extract(pid)) {
         pending.mapped()->cancel();
         log_.notice("cancelled pending quit pid {}", pid);
@@ -109,6 +110,7 @@ void QuitEngine::cancelQuit(ProcessId pid) {
 
 void QuitEngine::performQuit(ProcessId pid, const std::string& bundleID) {
     pendingQuits_.erase(pid);
+    activity_.forget(pid);
     const auto target = validateQuit(pid, bundleID, "quit check 1/2");
     if (!target) {
         return;
@@ -117,7 +119,7 @@ void QuitEngine::performQuit(ProcessId pid, const std::string& bundleID) {
     const double delay = QuitPolicy::reconfirmDelay(jump);
     log_.notice("zero windows confirmed (1/2) for {}; re-confirming in {:f}s{}", bundleID, delay,
                 jump ? " (multi-window jump — possible app quit in flight)" : "");
-    submit(pid, delay, [pid, bundleID](QuitEngine& engine) { engine.confirmAndTerminate(pid, bundleID); });
+    armSecondCheck(*target, delay);
 }
 
 void QuitEngine::confirmAndTerminate(ProcessId pid, const std::string& bundleID) {
@@ -126,6 +128,7 @@ void QuitEngine::confirmAndTerminate(ProcessId pid, const std::string& bundleID)
     if (!target) {
         return;
     }
+    forgetActivity(pid);
     terminate(*target);
 }
 
@@ -158,7 +161,8 @@ bool QuitEngine::isStillClosed(const Target& target) const {
     state.hasMonitor = known != monitors_.end() && known->second == target.monitor;
     state.requestInFlight = false;
     const auto result = QuitPolicy::validateFire(
-        state, [] { return true; }, [&] { return target.monitor->currentWindowCount(); }, [] { return std::nullopt; });
+        state, [] { return true; }, [&] { return target.monitor->currentWindowCount(); }, [] { return std::nullopt; },
+        [] { return std::nullopt; });
     return std::holds_alternative<QuitPolicy::Proceed>(result);
 }
 

@@ -172,6 +172,8 @@ void QuitEngine::recreateAll() {
     idleMonitor_.resetTimestamps();
     recreateStreaks_.clear();
     cgVetoRetries_.clear();
+    activity_.forgetAll();
+    holds_.clear();
     const auto old = std::exchange(monitors_, {});
     monitoredCount.set(0);
     log_.notice("recreating all {} monitors", old.size());

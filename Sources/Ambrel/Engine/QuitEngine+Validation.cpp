@@ -20,9 +20,18 @@ std::optional<QuitEngine::Target> QuitEngine::validateQuit(ProcessId pid, const 
     if (const auto* abort = std::get_if<QuitPolicy::Abort>(&result)) {
         logAbort(abort->reason, pid, bundleID, stage);
         retryIfCGVeto(abort->reason, pid, bundleID);
+        respond(abort->reason, target);
         return std::nullopt;
     }
     return target;
+}
+
+void QuitEngine::respond(const QuitPolicy::AbortReason& reason, const Target& target) {
+    if (const auto* working = std::get_if<QuitPolicy::Working>(&reason)) {
+        awaitWork(working->sign, target);
+    } else if (std::holds_alternative<QuitPolicy::Occupied>(reason)) {
+        hold(target);
+    }
 }
 
 QuitPolicy::ValidationResult QuitEngine::judge(ProcessId pid, const std::string& bundleID, const Target& target) {
@@ -35,8 +44,11 @@ QuitPolicy::ValidationResult QuitEngine::judge(ProcessId pid, const std::string&
     const auto readCGWindowCount = [&] {
         return neighbours_.oracle.windowCount(pid);
     };
+    const auto readWork = [&] {
+        return activity_.signOfWork(pid);
+    };
     return QuitPolicy::validateFire(fireTimeState(pid, bundleID, target), devGuardAllows, readWindowCount,
-                                    readCGWindowCount);
+                                    readCGWindowCount, readWork);
 }
 
 QuitPolicy::FireTimeState QuitEngine::fireTimeState(ProcessId pid, const std::string& bundleID,
@@ -55,7 +67,8 @@ QuitPolicy::FireTimeState QuitEngine::fireTimeState(ProcessId pid, const std::st
             .hasObservedAboveThreshold = monitor && monitor->hasObservedAboveThreshold(),
             .threshold = QuitPolicy::threshold(settings.quitOnlyWhenOneWindowLeft.get()),
             .openDialogs = monitor ? monitor->currentDialogs() : 0,
-            .requestInFlight = neighbours_.requests.inFlight(pid).has_value()};
+            .requestInFlight = neighbours_.requests.inFlight(pid).has_value(),
+            .isOccupied = activity_.occupation(pid).has_value()};
 }
 
 void QuitEngine::logAbort(const QuitPolicy::AbortReason& reason, ProcessId pid, const std::string& bundleID,

@@ -29,9 +29,9 @@ QuitEngine& QuitEngine::shared() {
 
 QuitEngine::QuitEngine(Platform& platform, Neighbours neighbours)
     : platform_(platform), neighbours_(neighbours), debug_(AmbrelDebug::read(platform.environment())),
-      selfPID_(platform.workspace().currentProcessIdentifier()),
-      idleMonitor_(platform, {neighbours.settings, neighbours.rules, neighbours.guard, neighbours.audit,
-                              neighbours.requests, neighbours.clock}) {}
+      selfPID_(platform.workspace().currentProcessIdentifier()), activity_(platform, neighbours.settings),
+      idleMonitor_(platform,
+                   {neighbours.settings, neighbours.rules, neighbours.guard, neighbours.audit, neighbours.requests}) {}
 
 QuitEngine::~QuitEngine() = default;
 
@@ -107,6 +107,8 @@ void QuitEngine::cancelAllPendingQuits() {
         works->clear();
     }
     cgVetoRetries_.clear();
+    activity_.forgetAll();
+    holds_.clear();
     log_.notice("paused; cancelled all pending quits");
 }
 

@@ -5,6 +5,7 @@
 #include "Core/Logger.h"
 #include "Core/MainQueue.h"
 #include "Core/Observable.h"
+#include "Engine/ActivityWatch.h"
 #include "Engine/AmbrelDebug.h"
 #include "Engine/IdleMonitor.h"
 #include "Engine/TerminationAudit.h"
@@ -121,8 +122,15 @@ private:
     [[nodiscard]] QuitPolicy::FireTimeState fireTimeState(ProcessId pid, const std::string& bundleID,
                                                           const Target& target) const;
     [[nodiscard]] QuitPolicy::ValidationResult judge(ProcessId pid, const std::string& bundleID, const Target& target);
+    /// What is done about a refusal that need not be the last word.
+    void respond(const QuitPolicy::AbortReason& reason, const Target& target);
     void logAbort(const QuitPolicy::AbortReason& reason, ProcessId pid, const std::string& bundleID,
                   const std::string& stage);
+    /// Waits for the second check, and looks at what the application does meanwhile.
+    void armSecondCheck(const Target& target, double delay);
+    void awaitWork(WorkPolicy::Sign sign, const Target& target);
+    void hold(const Target& target);
+    void forgetActivity(ProcessId pid);
     void retryIfCGVeto(const QuitPolicy::AbortReason& reason, ProcessId pid, const std::string& bundleID);
     void recordUntrusted(ProcessId pid, const std::string& bundleID, const std::string& reason);
     [[nodiscard]] std::optional<std::string> untrustedReason() const;
@@ -145,6 +153,9 @@ private:
     PendingWorks pendingQuits_;
     PendingWorks pendingHideQuits_;
     std::unordered_map<ProcessId, int> cgVetoRetries_;
+    ActivityWatch activity_;
+    /// Seconds until an application is asked about again that was kept as it was occupied.
+    std::unordered_map<ProcessId, double> holds_;
     std::unique_ptr<SleepWakeHandler> sleepWake_;
     IdleMonitor idleMonitor_;
     std::vector<Subscription> workspaceObservers_;

@@ -38,7 +38,7 @@ std::optional<TerminationAudit::Path> QuitRequests::inFlight(ProcessId pid) cons
     return flight != flights_.end() ? std::optional(flight->second->path) : std::nullopt;
 }
 
-void QuitRequests::ask(Request request) {
+void QuitRequests::ask(const Request& request) {
     if (const auto known = inFlight(request.app->processIdentifier())) {
         log_.notice("{} pid {} was already asked to quit ({}); nothing sent", nameOf(*request.app),
                     request.app->processIdentifier(), rawValue(*known));

@@ -44,7 +44,7 @@ public:
     QuitRequests(Platform& platform, TerminationAudit& audit, QuitNotifier& notifier);
 
     /// Nothing is sent, and no decision written, where the application was asked already or `stillHolds` is false.
-    void ask(Request request);
+    void ask(const Request& request);
     /// The path by which the process was asked a short time ago.
     [[nodiscard]] std::optional<TerminationAudit::Path> inFlight(ProcessId pid) const;
 

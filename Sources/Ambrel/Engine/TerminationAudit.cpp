@@ -122,6 +122,14 @@ std::string_view rawValue(TerminationAudit::Action action) {
         return "skipped(session-inactive)";
     case TerminationAudit::Action::skippedCGWindowsExist:
         return "skipped(cg-windows-exist)";
+    case TerminationAudit::Action::skippedPlaying:
+        return "skipped(playing)";
+    case TerminationAudit::Action::skippedInhibiting:
+        return "skipped(inhibiting)";
+    case TerminationAudit::Action::skippedNoAnswer:
+        return "skipped(no-answer)";
+    case TerminationAudit::Action::skippedWorking:
+        return "skipped(working)";
     }
     return {};
 }

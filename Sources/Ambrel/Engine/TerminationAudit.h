@@ -28,6 +28,10 @@ public:
         skippedScreenLocked,
         skippedSessionInactive,
         skippedCGWindowsExist,
+        skippedPlaying,
+        skippedInhibiting,
+        skippedNoAnswer,
+        skippedWorking,
     };
 
     [[nodiscard]] static TerminationAudit& shared();

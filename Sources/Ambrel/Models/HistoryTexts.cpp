@@ -25,6 +25,10 @@ constexpr std::array heldBackBecause{
     Row{"skipped(screen-locked)", translatable("ambrel", "Screen was locked — the zero window count wasn't trusted.")},
     Row{"skipped(session-inactive)", translatable("ambrel", "Another user had the screen — not trusted.")},
     Row{"skipped(cg-windows-exist)", translatable("ambrel", "The window server still saw windows — quit refused.")},
+    Row{"skipped(playing)", translatable("ambrel", "It was playing — kept until that stops.")},
+    Row{"skipped(inhibiting)", translatable("ambrel", "It was blocking sleep or logout — kept until that stops.")},
+    Row{"skipped(no-answer)", translatable("ambrel", "A service didn't say in time whether it was playing — kept.")},
+    Row{"skipped(working)", translatable("ambrel", "It was still working after a minute — kept.")},
     Row{"skipped(shadow-mode)", translatable("ambrel", "Shadow mode — decision logged, nothing quit.")},
     Row{"skipped(dev-mode)", translatable("ambrel", "Dev mode — not on the test whitelist.")}};
 

@@ -14,7 +14,10 @@ class FileLocations;
 class HotKeyCenter;
 class LoginItem;
 class MainQueue;
+class MonotonicClock;
 class NotificationCenter;
+class Occupations;
+class ProcessActivity;
 class Session;
 class StatusBar;
 class Updater;
@@ -31,6 +34,8 @@ public:
     [[nodiscard]] virtual Workspace& workspace() = 0;
     [[nodiscard]] virtual WindowList& windowList() = 0;
     [[nodiscard]] virtual WindowServer& windowServer() = 0;
+    [[nodiscard]] virtual const ProcessActivity& processActivity() const = 0;
+    [[nodiscard]] virtual Occupations& occupations() = 0;
     [[nodiscard]] virtual UserDefaults& userDefaults() = 0;
     [[nodiscard]] virtual Bundle& bundle() = 0;
     [[nodiscard]] virtual FileLocations& fileLocations() = 0;
@@ -50,6 +55,7 @@ public:
     [[nodiscard]] virtual Compositor& compositor() = 0;
     /// The real date, or the one of the simulated day.
     [[nodiscard]] virtual const Clock& wallClock() const = 0;
+    [[nodiscard]] virtual const MonotonicClock& monotonicClock() const = 0;
 
     /// The process's platform. `main` installs it before anything asks.
     [[nodiscard]] static Platform& shared();

@@ -23,6 +23,7 @@ DefaultsSuiteRef registered(DefaultsSuiteRef defaults) {
         {"showDockIcon", false},
         {"seenHideIconWarning", false},
         {"notifyOnQuit", true},
+        {"keepBusyApps", true},
     });
     return defaults;
 }
@@ -49,13 +50,13 @@ AppSettings::AppSettings(DefaultsSuiteRef defaults, const Bundle& bundle)
       settingsAdvancedMode(boolean(*defaults_, "settingsAdvancedMode")),
       hideMenuBarIcon(boolean(*defaults_, "hideMenuBarIcon")), showDockIcon(boolean(*defaults_, "showDockIcon")),
       seenHideIconWarning(boolean(*defaults_, "seenHideIconWarning")),
-      notifyOnQuit(boolean(*defaults_, "notifyOnQuit")) {
+      notifyOnQuit(boolean(*defaults_, "notifyOnQuit")), keepBusyApps(boolean(*defaults_, "keepBusyApps")) {
     const auto announce = [this](auto&... preferences) {
         (announcements_.push_back(preferences.willChange().subscribe([this] { willChange.emit(); })), ...);
     };
     announce(quitOnlyWhenOneWindowLeft, quitDelay, isPaused, userExcludedBundleIDs, confirmBeforeQuitAll,
              quitAllHotKeyEnabled, settingsAdvancedMode, hideMenuBarIcon, showDockIcon, seenHideIconWarning,
-             notifyOnQuit);
+             notifyOnQuit, keepBusyApps);
 }
 
 std::set<std::string> AppSettings::effectiveExcludedBundleIDs() const {

@@ -64,6 +64,8 @@ public:
     Preference<bool> showDockIcon;
     Preference<bool> seenHideIconWarning;
     Preference<bool> notifyOnQuit;
+    /// An application that plays or holds an inhibitor is not quit by itself.
+    Preference<bool> keepBusyApps;
 
     /// What is never quit, whatever its rule says; worked out at each read.
     [[nodiscard]] std::set<std::string> effectiveExcludedBundleIDs() const;

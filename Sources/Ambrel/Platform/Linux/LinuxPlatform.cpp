@@ -11,6 +11,8 @@
 #include "Platform/Linux/LinuxBundle.h"
 #include "Platform/Linux/LinuxMainQueue.h"
 #include "Platform/Linux/LinuxNotificationCenter.h"
+#include "Platform/Linux/LinuxOccupations.h"
+#include "Platform/Linux/LinuxProcessActivity.h"
 #include "Platform/Linux/LinuxSession.h"
 #include "Platform/Linux/LinuxStatusBar.h"
 #include "Platform/Linux/LinuxUpdater.h"
@@ -73,6 +75,7 @@ struct LinuxPlatform::Parts {
     [[nodiscard]] bool isPanelDark() { return askedAppearance().current().colorScheme != ColorScheme::light; }
 
     SystemClock clock;
+    SystemMonotonicClock monotonicClock;
     LinuxMainQueue queue;
     ProcessEnvironment environment;
     XdgFileLocations files{environment};
@@ -94,6 +97,8 @@ struct LinuxPlatform::Parts {
     LinuxWorkspace workspace{
         {windows, tray, quitRequest, queue}, identifier, links, presence, bundle.bundleIdentifier()};
     LinuxWindowList windowList{windows, workspace};
+    LinuxProcessActivity processActivity;
+    LinuxOccupations occupations{queue};
     LinuxSession session{*connection};
     X11HotKeyCenter hotKeys{*connection};
     LinuxNotificationCenter notifications{bus, queue};
@@ -137,6 +142,18 @@ WindowList& LinuxPlatform::windowList() {
 
 WindowServer& LinuxPlatform::windowServer() {
     return parts_->windowServer;
+}
+
+const ProcessActivity& LinuxPlatform::processActivity() const {
+    return parts_->processActivity;
+}
+
+const MonotonicClock& LinuxPlatform::monotonicClock() const {
+    return parts_->monotonicClock;
+}
+
+Occupations& LinuxPlatform::occupations() {
+    return parts_->occupations;
 }
 
 UserDefaults& LinuxPlatform::userDefaults() {

@@ -29,6 +29,8 @@ public:
     [[nodiscard]] Workspace& workspace() override;
     [[nodiscard]] WindowList& windowList() override;
     [[nodiscard]] WindowServer& windowServer() override;
+    [[nodiscard]] const ProcessActivity& processActivity() const override;
+    [[nodiscard]] Occupations& occupations() override;
     [[nodiscard]] UserDefaults& userDefaults() override;
     [[nodiscard]] Bundle& bundle() override;
     [[nodiscard]] FileLocations& fileLocations() override;
@@ -46,6 +48,7 @@ public:
     [[nodiscard]] ClickMonitor& clickMonitor() override;
     [[nodiscard]] Compositor& compositor() override;
     [[nodiscard]] const Clock& wallClock() const override;
+    [[nodiscard]] const MonotonicClock& monotonicClock() const override;
 
     /// For the user interface, which owns the windows that the host speaks of.
     [[nodiscard]] LinuxApplicationHost& applicationHost();

@@ -88,15 +88,55 @@ std::optional<std::filesystem::path> executableOf(ProcessId pid) {
     return error ? std::nullopt : std::optional(std::move(path));
 }
 
-std::optional<std::uint64_t> parseStartTicks(std::string_view stat) {
-    constexpr std::size_t startFieldAfterName = 22 - 3;
+namespace {
+
+/// The fields of a "stat" from the third on, the state.
+std::vector<std::string_view> fieldsAfterName(std::string_view stat) {
     // The name in parentheses may hold anything, parentheses and blanks too.
     const auto nameEnd = stat.rfind(')');
-    if (nameEnd == std::string_view::npos || nameEnd + 2 > stat.size()) {
+    const bool found = nameEnd != std::string_view::npos && nameEnd + 2 <= stat.size();
+    return found ? split(stat.substr(nameEnd + 2), ' ') : std::vector<std::string_view>();
+}
+
+} // namespace
+
+std::optional<std::uint64_t> parseStartTicks(std::string_view stat) {
+    constexpr std::size_t startField = 22 - 3;
+    const auto fields = fieldsAfterName(stat);
+    return fields.size() > startField ? parseWhole<std::uint64_t>(fields[startField]) : std::nullopt;
+}
+
+std::optional<StatFacts> parseStat(std::string_view stat) {
+    constexpr std::size_t firstTimeField = 14 - 3; // user, system, and the same of collected children
+    constexpr std::size_t times = 4;
+    const auto fields = fieldsAfterName(stat);
+    if (fields.size() < firstTimeField + times || fields.front().size() != 1) {
         return std::nullopt;
     }
-    const auto fields = split(stat.substr(nameEnd + 2), ' ');
-    return fields.size() > startFieldAfterName ? parseWhole<std::uint64_t>(fields[startFieldAfterName]) : std::nullopt;
+    StatFacts facts{.state = fields.front().front()};
+    for (std::size_t field = firstTimeField; field < firstTimeField + times; ++field) {
+        facts.processorTicks += parseWhole<std::uint64_t>(fields[field]).value_or(0);
+    }
+    return facts;
+}
+
+std::optional<std::uint64_t> labelledNumber(std::string_view text, std::string_view label) {
+    for (const auto line : split(text, '\n')) {
+        if (line.starts_with(label) && line.substr(label.size()).starts_with(": ")) {
+            return parseWhole<std::uint64_t>(line.substr(label.size() + 2));
+        }
+    }
+    return std::nullopt;
+}
+
+std::vector<ProcessId> parseNumbers(std::string_view text) {
+    std::vector<ProcessId> numbers;
+    for (const auto part : split(text, ' ')) {
+        if (const auto number = parseWhole<ProcessId>(part)) {
+            numbers.push_back(*number);
+        }
+    }
+    return numbers;
 }
 
 bool statusBelongsTo(std::string_view status, std::uint32_t user) {

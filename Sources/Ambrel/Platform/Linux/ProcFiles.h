@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ambrel {
 
@@ -18,6 +19,19 @@ namespace ambrel {
 
 /// When a process started, in clock ticks since the machine did, from its "stat".
 [[nodiscard]] std::optional<std::uint64_t> parseStartTicks(std::string_view stat);
+
+/// What a "stat" says of the work of a process or thread.
+struct StatFacts {
+    char state = '?';                 ///< 'D' is uninterruptible sleep
+    std::uint64_t processorTicks = 0; ///< user and system, its collected children included
+};
+[[nodiscard]] std::optional<StatFacts> parseStat(std::string_view stat);
+
+/// The number on the line "label: number", as in an "io".
+[[nodiscard]] std::optional<std::uint64_t> labelledNumber(std::string_view text, std::string_view label);
+
+/// Process ids with blanks between them, as in a "children".
+[[nodiscard]] std::vector<ProcessId> parseNumbers(std::string_view text);
 
 /// True if real and effective user of a "status" are both `user`.
 [[nodiscard]] bool statusBelongsTo(std::string_view status, std::uint32_t user);

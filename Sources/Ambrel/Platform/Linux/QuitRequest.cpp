@@ -39,7 +39,7 @@ QVariant firstArgument(const QDBusMessage& reply) {
 QuitRequest::QuitRequest(SessionBus& bus) : bus_(bus) {}
 
 void QuitRequest::quit(const std::shared_ptr<Process>& process, std::optional<QuitActionAddress> address,
-                       Callbacks callbacks) {
+                       const Callbacks& callbacks) {
     std::erase_if(progress_, [](const auto& entry) { return entry.first.expired(); });
     if (progress_[process].asking) {
         callbacks.done(QuitOutcome::nothingSent);

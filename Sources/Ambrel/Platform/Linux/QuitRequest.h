@@ -36,7 +36,8 @@ public:
 
     /// Returns at once; a bus or an application that doesn't answer is given up after a few seconds. SIGTERM is
     /// sent once in the life of a process at most, and never to one whose action was called.
-    void quit(const std::shared_ptr<Process>& process, std::optional<QuitActionAddress> address, Callbacks callbacks);
+    void quit(const std::shared_ptr<Process>& process, std::optional<QuitActionAddress> address,
+              const Callbacks& callbacks);
 
 private:
     using ProcessRef = std::shared_ptr<Process>;

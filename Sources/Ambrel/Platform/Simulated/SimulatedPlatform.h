@@ -12,6 +12,8 @@
 #include "Platform/Simulated/SimulatedHotKeyCenter.h"
 #include "Platform/Simulated/SimulatedLoginItem.h"
 #include "Platform/Simulated/SimulatedNotificationCenter.h"
+#include "Platform/Simulated/SimulatedOccupations.h"
+#include "Platform/Simulated/SimulatedProcessActivity.h"
 #include "Platform/Simulated/SimulatedSession.h"
 #include "Platform/Simulated/SimulatedStatusBar.h"
 #include "Platform/Simulated/SimulatedUpdater.h"
@@ -32,6 +34,9 @@ public:
     [[nodiscard]] SimulatedWorkspace& workspace() override { return workspace_; }
     [[nodiscard]] SimulatedWindowList& windowList() override { return windowList_; }
     [[nodiscard]] SimulatedWindowServer& windowServer() override { return windowServer_; }
+    [[nodiscard]] SimulatedProcessActivity& processActivity() { return processActivity_; }
+    [[nodiscard]] const SimulatedProcessActivity& processActivity() const override { return processActivity_; }
+    [[nodiscard]] SimulatedOccupations& occupations() override { return occupations_; }
     [[nodiscard]] SimulatedUserDefaults& userDefaults() override { return userDefaults_; }
     [[nodiscard]] SimulatedBundle& bundle() override { return bundle_; }
     [[nodiscard]] SimulatedFileLocations& fileLocations() override { return fileLocations_; }
@@ -49,6 +54,7 @@ public:
     [[nodiscard]] SimulatedClickMonitor& clickMonitor() override { return clickMonitor_; }
     [[nodiscard]] SimulatedCompositor& compositor() override { return compositor_; }
     [[nodiscard]] const Clock& wallClock() const override { return queue_.wallClock(); }
+    [[nodiscard]] const MonotonicClock& monotonicClock() const override { return queue_.monotonicClock(); }
 
     /// Shorthands for what tests do all the time.
     SimulatedApplication& launch(std::optional<std::string> bundleIdentifier, const std::string& name,
@@ -64,6 +70,8 @@ private:
     SimulatedWorkspace workspace_;
     SimulatedWindowList windowList_;
     SimulatedWindowServer windowServer_;
+    SimulatedProcessActivity processActivity_{workspace_};
+    SimulatedOccupations occupations_{queue_};
     SimulatedUserDefaults userDefaults_;
     SimulatedBundle bundle_;
     SimulatedFileLocations fileLocations_;

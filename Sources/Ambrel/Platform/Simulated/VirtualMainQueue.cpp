@@ -76,7 +76,8 @@ private:
     Agenda::Key key_;
 };
 
-VirtualMainQueue::VirtualMainQueue() : agenda_(std::make_shared<Agenda>()), wallClock_(*agenda_) {}
+VirtualMainQueue::VirtualMainQueue()
+    : agenda_(std::make_shared<Agenda>()), wallClock_(*agenda_), monotonicClock_(*agenda_) {}
 
 void VirtualMainQueue::async(std::function<void()> work) {
     agenda_->add(nanoseconds(0), std::move(work));
@@ -116,6 +117,10 @@ bool VirtualMainQueue::advanceUntil(const std::function<bool()>& holds, Seconds 
         agenda_->elapsed = std::max(agenda_->elapsed, end);
     }
     return held || holds();
+}
+
+Seconds VirtualMainQueue::PassedTime::now() const {
+    return agenda_.now();
 }
 
 Date VirtualMainQueue::WallClock::now() const {

@@ -22,6 +22,10 @@ public:
     /// Starts at 2026-01-05 09:00:00 UTC.
     [[nodiscard]] const Clock& wallClock() const { return wallClock_; }
     [[nodiscard]] Date now() const { return wallClock_.now(); }
+    /// Stands still while the machine sleeps, as delays do.
+    [[nodiscard]] const MonotonicClock& monotonicClock() const { return monotonicClock_; }
+    /// The machine sleeps for `span`: the date moves on, and nothing else.
+    void sleep(Seconds span) { shiftWallClock(span); }
     /// Sets the wall clock forward or back, as a user does; delays don't notice.
     void shiftWallClock(Seconds span) { wallClock_.shift += span; }
 
@@ -38,10 +42,20 @@ private:
         const Agenda& agenda_;
     };
 
+    class PassedTime final : public MonotonicClock {
+    public:
+        explicit PassedTime(const Agenda& agenda) : agenda_(agenda) {}
+        [[nodiscard]] Seconds now() const override;
+
+    private:
+        const Agenda& agenda_;
+    };
+
     [[nodiscard]] bool runNext(std::chrono::nanoseconds latest);
 
     std::shared_ptr<Agenda> agenda_;
     WallClock wallClock_;
+    PassedTime monotonicClock_;
 };
 
 } // namespace ambrel::simulated

@@ -9,6 +9,7 @@ SettingsModel::SettingsModel(AppSettings& settings, QObject* parent) : QObject(p
     follow(settings.quitOnlyWhenOneWindowLeft, &SettingsModel::quitOnlyWhenOneWindowLeftChanged);
     follow(settings.quitDelay, &SettingsModel::quitDelayChanged);
     follow(settings.notifyOnQuit, &SettingsModel::notifyOnQuitChanged);
+    follow(settings.keepBusyApps, &SettingsModel::keepBusyAppsChanged);
     follow(settings.confirmBeforeQuitAll, &SettingsModel::confirmBeforeQuitAllChanged);
     follow(settings.quitAllHotKeyEnabled, &SettingsModel::quitAllHotKeyEnabledChanged);
     follow(settings.settingsAdvancedMode, &SettingsModel::settingsAdvancedModeChanged);
@@ -31,6 +32,10 @@ bool SettingsModel::quitOnlyWhenOneWindowLeft() const {
 
 double SettingsModel::quitDelay() const {
     return settings_.quitDelay.get();
+}
+
+bool SettingsModel::keepBusyApps() const {
+    return settings_.keepBusyApps.get();
 }
 
 bool SettingsModel::notifyOnQuit() const {
@@ -71,6 +76,10 @@ void SettingsModel::setQuitOnlyWhenOneWindowLeft(bool value) {
 
 void SettingsModel::setQuitDelay(double value) {
     settings_.quitDelay.set(value);
+}
+
+void SettingsModel::setKeepBusyApps(bool value) {
+    settings_.keepBusyApps.set(value);
 }
 
 void SettingsModel::setNotifyOnQuit(bool value) {

@@ -21,6 +21,7 @@ class SettingsModel : public QObject {
     Q_PROPERTY(bool quitOnlyWhenOneWindowLeft READ quitOnlyWhenOneWindowLeft WRITE setQuitOnlyWhenOneWindowLeft NOTIFY
                    quitOnlyWhenOneWindowLeftChanged)
     Q_PROPERTY(double quitDelay READ quitDelay WRITE setQuitDelay NOTIFY quitDelayChanged)
+    Q_PROPERTY(bool keepBusyApps READ keepBusyApps WRITE setKeepBusyApps NOTIFY keepBusyAppsChanged)
     Q_PROPERTY(bool notifyOnQuit READ notifyOnQuit WRITE setNotifyOnQuit NOTIFY notifyOnQuitChanged)
     Q_PROPERTY(bool confirmBeforeQuitAll READ confirmBeforeQuitAll WRITE setConfirmBeforeQuitAll NOTIFY
                    confirmBeforeQuitAllChanged)
@@ -40,6 +41,7 @@ public:
     [[nodiscard]] bool isPaused() const;
     [[nodiscard]] bool quitOnlyWhenOneWindowLeft() const;
     [[nodiscard]] double quitDelay() const;
+    [[nodiscard]] bool keepBusyApps() const;
     [[nodiscard]] bool notifyOnQuit() const;
     [[nodiscard]] bool confirmBeforeQuitAll() const;
     [[nodiscard]] bool quitAllHotKeyEnabled() const;
@@ -50,6 +52,7 @@ public:
     void setIsPaused(bool value);
     void setQuitOnlyWhenOneWindowLeft(bool value);
     void setQuitDelay(double value);
+    void setKeepBusyApps(bool value);
     void setNotifyOnQuit(bool value);
     void setConfirmBeforeQuitAll(bool value);
     void setQuitAllHotKeyEnabled(bool value);
@@ -62,6 +65,7 @@ Q_SIGNALS:
     void isPausedChanged();
     void quitOnlyWhenOneWindowLeftChanged();
     void quitDelayChanged();
+    void keepBusyAppsChanged();
     void notifyOnQuitChanged();
     void confirmBeforeQuitAllChanged();
     void quitAllHotKeyEnabledChanged();

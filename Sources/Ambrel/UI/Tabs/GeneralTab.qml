@@ -61,6 +61,13 @@ Item {
                         isOn: root.settings.notifyOnQuit
                         onEdited: value => root.settings.notifyOnQuit = value
                     }
+                    SimpleSettingRow {
+                        Layout.fillWidth: true
+                        title: qsTr("Keep apps that are busy for you")
+                        description: qsTr("An app that plays, or that keeps the computer awake, isn't quit until it stops.")
+                        isOn: root.settings.keepBusyApps
+                        onEdited: value => root.settings.keepBusyApps = value
+                    }
                     SettingRow {
                         Layout.fillWidth: true
                         title: qsTr("Quit delay")
