@@ -6,8 +6,9 @@ namespace {
 
 using Counter = std::optional<std::uint64_t>;
 
-bool grewBy(double limit, Counter before, Counter now) {
-    return before && now && *now > *before && static_cast<double>(*now - *before) >= limit;
+/// Counters of descendants that have ended are missing.
+bool changedBy(double limit, Counter before, Counter now) {
+    return before && now && (*now < *before || static_cast<double>(*now - *before) >= limit);
 }
 
 } // namespace
@@ -16,11 +17,12 @@ std::optional<WorkPolicy::Sign> WorkPolicy::signOfWork(const Look& before, const
     if (now.waitsForDisk) {
         return Sign::disk;
     }
-    if (grewBy(byteLimit * passed, before.bytesWritten, now.bytesWritten) ||
-        grewBy(characterLimit * passed, before.charactersWritten, now.charactersWritten)) {
+    if (changedBy(byteLimit * passed, before.bytesWritten, now.bytesWritten) ||
+        changedBy(characterLimit * passed, before.charactersWritten, now.charactersWritten)) {
         return Sign::writing;
     }
-    if (now.processorSeconds - before.processorSeconds >= processorLimit * passed) {
+    const double processor = now.processorSeconds - before.processorSeconds;
+    if (processor < 0 || processor >= processorLimit * passed) {
         return Sign::processor;
     }
     return std::nullopt;

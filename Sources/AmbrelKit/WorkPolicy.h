@@ -19,7 +19,7 @@ struct WorkPolicy {
     enum class Sign { processor, writing, disk };
 
     /// The first sign that work was going on between two looks, `passed` seconds apart, or at the second of them. A
-    /// counter that went down, as with a descendant that ended, is no sign.
+    /// counter that went down is one: a descendant has just ended.
     [[nodiscard]] static std::optional<Sign> signOfWork(const Look& before, const Look& now, double passed);
 
     static constexpr double interval = 0.5; ///< seconds between two looks while it works

@@ -42,5 +42,15 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     if (const auto ticks = parseStartTicks(text)) {
         require(text.find(std::to_string(*ticks % 10)) != std::string_view::npos);
     }
+    if (const auto facts = parseStat(text)) {
+        require(text.find(std::string(") ") + facts->state) != std::string_view::npos);
+    }
+    if (labelledNumber(text, "wchar")) {
+        require(text.find("wchar: ") != std::string_view::npos);
+    }
+    for (const auto number : parseNumbers(text)) {
+        require(text.find(std::to_string(number % 10)) != std::string_view::npos);
+    }
+    require(!parseInnermostId(text) || text.find("NSpid:\t") != std::string_view::npos);
     return 0;
 }

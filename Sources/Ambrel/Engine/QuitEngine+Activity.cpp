@@ -10,7 +10,7 @@ namespace ambrel {
 namespace {
 
 // A player can't be heard of when it stops, so it is asked about more and more rarely.
-constexpr double firstHold = 5;
+constexpr double firstHold = 1;
 constexpr double longestHold = 60;
 
 } // namespace

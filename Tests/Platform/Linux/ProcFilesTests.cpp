@@ -19,6 +19,24 @@ TEST(ProcFilesTests, StartIsCountedFromTheEndOfTheName) {
     }
 }
 
+TEST(ProcFilesTests, WorkIsReadFromStatAndIo) {
+    const auto facts = parseStat("42 (a) R (b) D 1 2 3 4 5 6 7 8 9 10 100 20 3000 4 19 20 21\n");
+    ASSERT_TRUE(facts);
+    EXPECT_EQ(facts->state, 'D');
+    EXPECT_EQ(facts->processorTicks, 3124);
+    for (const auto* const broken : {"", "42 (cat) S 1 2", "42 (cat) S 1 2 3 4 5 6 7 8 9 10 100 20 3000", "42 cat D"}) {
+        EXPECT_FALSE(parseStat(broken)) << broken;
+    }
+    const auto io = "rchar: 1\nwchar: 22\nread_bytes: 3\nwrite_bytes: 44\ncancelled_write_bytes: 5\n";
+    EXPECT_EQ(labelledNumber(io, "wchar"), 22);
+    EXPECT_EQ(labelledNumber(io, "write_bytes"), 44);
+    EXPECT_FALSE(labelledNumber(io, "bytes"));
+    EXPECT_FALSE(labelledNumber("wchar: many\n", "wchar"));
+    EXPECT_EQ(parseNumbers("12 345 x 6\n"), (std::vector<ProcessId>{12, 345}));
+    EXPECT_EQ(parseInnermostId("Pid:\t9\nNSpid:\t9\t7\t2\nNSpgid:\t1\n"), 2);
+    EXPECT_FALSE(parseInnermostId("Pid:\t9\n"));
+}
+
 TEST(ProcFilesTests, BothUsersMustBeOurs) {
     EXPECT_TRUE(statusBelongsTo("Name:\tcat\nUid:\t1000\t1000\t1000\t1000\n", 1000));
     EXPECT_FALSE(statusBelongsTo("Name:\tsudo\nUid:\t1000\t0\t0\t0\n", 1000));

@@ -98,7 +98,10 @@ struct LinuxPlatform::Parts {
         {windows, tray, quitRequest, queue}, identifier, links, presence, bundle.bundleIdentifier()};
     LinuxWindowList windowList{windows, workspace};
     LinuxProcessActivity processActivity;
-    LinuxOccupations occupations{queue};
+    LinuxOccupations occupations{executableOf(getpid()).value_or("").parent_path() / "ambrel-occupations",
+                                 [this](ProcessId pid) {
+                                     return workspace.runningApplication(pid) != nullptr;
+                                 }};
     LinuxSession session{*connection};
     X11HotKeyCenter hotKeys{*connection};
     LinuxNotificationCenter notifications{bus, queue};

@@ -139,6 +139,15 @@ std::vector<ProcessId> parseNumbers(std::string_view text) {
     return numbers;
 }
 
+std::optional<ProcessId> parseInnermostId(std::string_view status) {
+    for (const auto line : split(status, '\n')) {
+        if (line.starts_with("NSpid:\t")) {
+            return parseWhole<ProcessId>(line.substr(line.rfind('\t') + 1));
+        }
+    }
+    return std::nullopt;
+}
+
 bool statusBelongsTo(std::string_view status, std::uint32_t user) {
     for (const auto line : split(status, '\n')) {
         const auto fields = split(line, '\t');

@@ -33,6 +33,9 @@ struct StatFacts {
 /// Process ids with blanks between them, as in a "children".
 [[nodiscard]] std::vector<ProcessId> parseNumbers(std::string_view text);
 
+/// The id of a process in its own process id namespace, from its "status".
+[[nodiscard]] std::optional<ProcessId> parseInnermostId(std::string_view status);
+
 /// True if real and effective user of a "status" are both `user`.
 [[nodiscard]] bool statusBelongsTo(std::string_view status, std::uint32_t user);
 
