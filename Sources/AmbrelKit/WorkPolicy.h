@@ -26,9 +26,9 @@ struct WorkPolicy {
     static constexpr double limit = 60.0;   ///< seconds after which it is kept until its windows change
 
     // Above what applications at rest do, below what those do that save; docs/measurements.md has the figures.
-    static constexpr double processorLimit = 0.1;         ///< of one processor
-    static constexpr double characterLimit = 64.0 * 1024; ///< a second
-    static constexpr double byteLimit = 16.0 * 1024;      ///< a second
+    static constexpr double processorLimit = 0.1;        ///< of one processor
+    static constexpr double characterLimit = 8.0 * 1024; ///< a second
+    static constexpr double byteLimit = 4.0 * 1024;      ///< a second
 };
 
 /// For log lines.
