@@ -43,7 +43,25 @@ TEST_F(Trust, NamesTheGravestCondition) {
     session().screenIsLocked.emit();
     EXPECT_EQ(reason(), "locked+screens-asleep");
     session().sessionDidResignActive.emit();
+    session().sessionWillEnd.emit();
+    session().sessionDidResignActive.emit();
     EXPECT_EQ(reason(), "session-inactive");
+    session().sessionDidBecomeActive.emit();
+    EXPECT_EQ(reason(), "session-ending");
+}
+
+TEST_F(Trust, WindowsThatVanishAtTheSessionsEndAreNoClosedWindows) {
+    start();
+    auto& app = launchWithWindow();
+    session().sessionWillEnd.emit();
+    app.closeWindows();
+    desktop.advance(10);
+    EXPECT_THAT(decisions(), ElementsAre("last-window skipped(session-ending) org.example.Editor session-ending"));
+    session().sessionWillStay.emit();
+    desktop.advance(10);
+    EXPECT_THAT(terminated(), IsEmpty());
+    EXPECT_THAT(changes(), ElementsAre("login session is ending — last-window quits SUSPENDED",
+                                       "login session stays — last-window quits resumed"));
 }
 
 /// What the session says when the program starts.

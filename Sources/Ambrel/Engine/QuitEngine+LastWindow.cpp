@@ -167,10 +167,12 @@ bool QuitEngine::isStillClosed(const Target& target) const {
 }
 
 void QuitEngine::recordUntrusted(ProcessId pid, const std::string& bundleID, const std::string& reason) {
+    using Action = TerminationAudit::Action;
     const bool session = reason.find("session") != std::string::npos;
     neighbours_.audit.record(TerminationAudit::Path::lastWindow, bundleID, bundleID, pid,
-                             session ? TerminationAudit::Action::skippedSessionInactive
-                                     : TerminationAudit::Action::skippedScreenLocked,
+                             reason == "session-ending" ? Action::skippedSessionEnding
+                             : session                  ? Action::skippedSessionInactive
+                                                        : Action::skippedScreenLocked,
                              reason);
 }
 

@@ -34,6 +34,8 @@ void SystemState::observe() {
     observers_.push_back(session_.screensDidWake.subscribe([this] { setScreensAsleep(false); }));
     observers_.push_back(session_.sessionDidResignActive.subscribe([this] { setSessionInactive(true); }));
     observers_.push_back(session_.sessionDidBecomeActive.subscribe([this] { setSessionInactive(false); }));
+    observers_.push_back(session_.sessionWillEnd.subscribe([this] { setSessionEnding(true); }));
+    observers_.push_back(session_.sessionWillStay.subscribe([this] { setSessionEnding(false); }));
 }
 
 void SystemState::seed() {
@@ -57,6 +59,10 @@ void SystemState::setSessionInactive(bool inactive) {
     change(sessionInactive_, inactive, {"login session", "resigned active (fast user switch)", "became active"});
 }
 
+void SystemState::setSessionEnding(bool ending) {
+    change(sessionEnding_, ending, {"login session", "is ending", "stays"});
+}
+
 void SystemState::change(bool& flag, bool value, const Words& words) {
     if (flag == value) {
         return;
@@ -71,7 +77,8 @@ void SystemState::change(bool& flag, bool value, const Words& words) {
 }
 
 bool SystemState::isTrustworthy() const {
-    return !forcedLocked_ && !forcedSessionInactive_ && !screenLocked_ && !screensAsleep_ && !sessionInactive_;
+    return !forcedLocked_ && !forcedSessionInactive_ && !screenLocked_ && !screensAsleep_ && !sessionInactive_ &&
+           !sessionEnding_;
 }
 
 std::string SystemState::untrustworthyReason() const {
@@ -83,6 +90,9 @@ std::string SystemState::untrustworthyReason() const {
     }
     if (sessionInactive_) {
         return "session-inactive";
+    }
+    if (sessionEnding_) {
+        return "session-ending";
     }
     if (screenLocked_) {
         return screensAsleep_ ? "locked+screens-asleep" : "screen-locked";

@@ -44,6 +44,7 @@ private:
     void setLocked(bool locked);
     void setScreensAsleep(bool asleep);
     void setSessionInactive(bool inactive);
+    void setSessionEnding(bool ending);
     void change(bool& flag, bool value, const Words& words);
 
     Session& session_;
@@ -51,6 +52,7 @@ private:
     bool screenLocked_ = false;
     bool screensAsleep_ = false;
     bool sessionInactive_ = false;
+    bool sessionEnding_ = false;
     bool started_ = false;
     const bool forcedLocked_;
     const bool forcedSessionInactive_;

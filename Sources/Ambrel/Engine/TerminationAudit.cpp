@@ -120,6 +120,8 @@ std::string_view rawValue(TerminationAudit::Action action) {
         return "skipped(screen-locked)";
     case TerminationAudit::Action::skippedSessionInactive:
         return "skipped(session-inactive)";
+    case TerminationAudit::Action::skippedSessionEnding:
+        return "skipped(session-ending)";
     case TerminationAudit::Action::skippedCGWindowsExist:
         return "skipped(cg-windows-exist)";
     case TerminationAudit::Action::skippedPlaying:

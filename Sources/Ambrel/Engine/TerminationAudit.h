@@ -27,6 +27,7 @@ public:
         skippedShadowMode,
         skippedScreenLocked,
         skippedSessionInactive,
+        skippedSessionEnding,
         skippedCGWindowsExist,
         skippedPlaying,
         skippedInhibiting,

@@ -24,6 +24,7 @@ constexpr std::array endings{Row{"hidden", translatable("ambrel", "hidden")},
 constexpr std::array heldBackBecause{
     Row{"skipped(screen-locked)", translatable("ambrel", "Screen was locked — the zero window count wasn't trusted.")},
     Row{"skipped(session-inactive)", translatable("ambrel", "Another user had the screen — not trusted.")},
+    Row{"skipped(session-ending)", translatable("ambrel", "The session was ending — not trusted.")},
     Row{"skipped(cg-windows-exist)", translatable("ambrel", "The window server still saw windows — quit refused.")},
     Row{"skipped(playing)", translatable("ambrel", "It was playing — kept until that stops.")},
     Row{"skipped(inhibiting)", translatable("ambrel", "It was blocking sleep or logout — kept until that stops.")},

@@ -12,8 +12,8 @@ struct SessionFacts {
     std::optional<bool> isOnConsole; ///< false while another user's session is in front
 };
 
-/// The user's session: its screen, its displays, its turn on the console, and the machine's sleep. Events are emitted
-/// on the main thread.
+/// The user's session: its screen, its displays, its turn on the console and its end, and the machine's sleep. Events
+/// are emitted on the main thread.
 class Session {
 public:
     virtual ~Session() = default;
@@ -29,6 +29,8 @@ public:
     Signal<> screensDidWake;
     Signal<> sessionDidResignActive;
     Signal<> sessionDidBecomeActive;
+    Signal<> sessionWillEnd;
+    Signal<> sessionWillStay; ///< its end was called off
     Signal<> willSleep;
     Signal<> didWake;
 };

@@ -102,7 +102,7 @@ struct LinuxPlatform::Parts {
                                  [this](ProcessId pid) {
                                      return workspace.runningApplication(pid) != nullptr;
                                  }};
-    LinuxSession session{*connection};
+    LinuxSession session{*connection, windows.mirror(), queue};
     X11HotKeyCenter hotKeys{*connection};
     LinuxNotificationCenter notifications{bus, queue};
     LinuxStatusBar statusBar{{*connection, traySelection, windowServer, queue, [this] {

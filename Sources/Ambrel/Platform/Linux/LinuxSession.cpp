@@ -4,6 +4,7 @@
 #include "Platform/Linux/AsyncBus.h"
 #include "Platform/Linux/LoginSession.h"
 #include "Platform/Linux/ScreenSaverService.h"
+#include "Platform/Linux/SessionManagers.h"
 
 #include <utility>
 
@@ -23,13 +24,17 @@ const std::vector<KnownScreenSaver>& knownScreenSavers() {
     static const auto& known = *new std::vector<KnownScreenSaver>{
         {"org.freedesktop.ScreenSaver", {"/org/freedesktop/ScreenSaver", "/ScreenSaver"}},
         {"org.gnome.ScreenSaver", {"/org/gnome/ScreenSaver"}},
+        {"org.mate.ScreenSaver", {"/org/mate/ScreenSaver", "/"}},
+        {"org.cinnamon.ScreenSaver", {"/org/cinnamon/ScreenSaver"}},
+        {"org.xfce.ScreenSaver", {"/org/xfce/ScreenSaver", "/"}},
     };
     return known;
 }
 
 } // namespace
 
-LinuxSession::LinuxSession(X11Connection& connection) : displays_(connection) {}
+LinuxSession::LinuxSession(X11Connection& connection, const X11WindowMirror& mirror, MainQueue& queue)
+    : displays_(connection), locker_(connection, mirror, queue) {}
 
 LinuxSession::~LinuxSession() = default;
 
@@ -38,11 +43,12 @@ void LinuxSession::start() {
     sessionBus_ = AsyncBus::open(AsyncBus::Kind::session);
     watchLogin();
     watchScreenSavers();
+    watchSessionManagers();
     watchDisplays();
     AsyncBus::settle({systemBus_.get(), sessionBus_.get()}, firstAnswersLimit);
     reportSilence();
     watchLosses();
-    isLocked_ = isLocked();
+    isLocked_ = isLocked().value_or(false);
     isAway_ = isAway();
     settling_ = false;
 }
@@ -57,6 +63,8 @@ void LinuxSession::watchLogin() {
     subscriptions_.push_back(login_->activeChanged.subscribe([this] { announce(); }));
     subscriptions_.push_back(
         login_->preparesForSleep.subscribe([this](bool sleeps) { (sleeps ? willSleep : didWake).emit(); }));
+    subscriptions_.push_back(
+        login_->preparesForShutdown.subscribe([this](bool ends) { setEnding(machineEnds_, ends); }));
     subscriptions_.push_back(login_->vanished.subscribe([this, name] { mourn(name); }));
 }
 
@@ -74,8 +82,22 @@ void LinuxSession::watchScreenSavers() {
     }
 }
 
+void LinuxSession::watchSessionManagers() {
+    if (sessionBus_) {
+        managers_ = std::make_unique<SessionManagers>(*sessionBus_);
+        subscriptions_.push_back(managers_->ending.subscribe([this](bool ends) { setEnding(sessionEnds_, ends); }));
+    }
+}
+
+void LinuxSession::setEnding(bool& voice, bool ending) {
+    voice = ending;
+    announce();
+}
+
 void LinuxSession::watchDisplays() {
     displays_.start();
+    locker_.start();
+    subscriptions_.push_back(locker_.didChange.subscribe([this] { announce(); }));
     subscriptions_.push_back(displays_.didChange.subscribe([this] { announce(); }));
 }
 
@@ -105,7 +127,7 @@ void LinuxSession::reportSilence() const {
 }
 
 std::optional<SessionFacts> LinuxSession::current() const {
-    const SessionFacts facts{lock_.isLocked(), login_ ? login_->isActive() : std::nullopt};
+    const SessionFacts facts{isLocked(), login_ ? login_->isActive() : std::nullopt};
     return facts.isScreenLocked || facts.isOnConsole ? std::optional(facts) : std::nullopt;
 }
 
@@ -137,8 +159,9 @@ void LinuxSession::announce() {
         const Signal<>& begins;
         const Signal<>& ends;
     };
-    const Condition conditions[] = {{isLocked_, isLocked(), screenIsLocked, screenIsUnlocked},
+    const Condition conditions[] = {{isLocked_, isLocked().value_or(false), screenIsLocked, screenIsUnlocked},
                                     {isAway_, isAway(), sessionDidResignActive, sessionDidBecomeActive},
+                                    {isEnding_, machineEnds_ || sessionEnds_, sessionWillEnd, sessionWillStay},
                                     {isAsleep_, displays_.isAsleep(), screensDidSleep, screensDidWake}};
     // Where one begins as another ends, nobody shall see a moment without any.
     for (const bool value : {true, false}) {
@@ -150,8 +173,8 @@ void LinuxSession::announce() {
     }
 }
 
-bool LinuxSession::isLocked() const {
-    return lock_.isLocked().value_or(false);
+std::optional<bool> LinuxSession::isLocked() const {
+    return locker_.isLocked() ? std::optional(true) : lock_.isLocked();
 }
 
 bool LinuxSession::isAway() const {

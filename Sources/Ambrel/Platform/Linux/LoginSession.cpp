@@ -14,15 +14,20 @@ const std::string propertiesInterface = "org.freedesktop.DBus.Properties";
 LoginSession::LoginSession(AsyncBus& systemBus)
     : service_(systemBus, "org.freedesktop.login1"), appeared_(service_.appeared.subscribe([this] { ask(); })),
       gone_(service_.vanished.subscribe([this] { vanished.emit(); })) {
-    service_.subscribe(managerInterface, "PrepareForSleep", [this](sd_bus_message* message) {
-        if (const auto sleeps = readBoolean(message)) {
-            preparesForSleep.emit(*sleeps);
-        }
-    });
+    forward("PrepareForSleep", preparesForSleep);
+    forward("PrepareForShutdown", preparesForShutdown);
     service_.subscribe(
         propertiesInterface, "PropertiesChanged", [this](sd_bus_message* message) { propertiesChanged(message); },
         ",arg0='" + sessionInterface + "'");
     ask();
+}
+
+void LoginSession::forward(const char* signal, const Signal<bool>& news) {
+    service_.subscribe(managerInterface, signal, [&news](sd_bus_message* message) {
+        if (const auto begins = readBoolean(message)) {
+            news.emit(*begins);
+        }
+    });
 }
 
 void LoginSession::ask() {

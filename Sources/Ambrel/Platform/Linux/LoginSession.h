@@ -24,10 +24,12 @@ public:
 
     Signal<bool> locked; ///< heard, whether it is new or not
     Signal<> activeChanged;
-    Signal<bool> preparesForSleep; ///< false: it has woken
+    Signal<bool> preparesForSleep;    ///< false: it has woken
+    Signal<bool> preparesForShutdown; ///< false: it was called off
     Signal<> vanished;
 
 private:
+    void forward(const char* signal, const Signal<bool>& news);
     void readProperties(sd_bus_message* message);
     void propertiesChanged(sd_bus_message* message);
 

@@ -48,6 +48,8 @@ enum class X11Atom : std::size_t {
     netSystemTrayOrientation,
     xembedInfo,
     netWmName,
+    screenSaverStatus,
+    lock,
 };
 
 inline constexpr auto x11AtomNames = std::to_array<std::string_view>({
@@ -91,8 +93,10 @@ inline constexpr auto x11AtomNames = std::to_array<std::string_view>({
     "_NET_SYSTEM_TRAY_ORIENTATION",
     "_XEMBED_INFO",
     "_NET_WM_NAME",
+    "_SCREENSAVER_STATUS",
+    "LOCK",
 });
 
-static_assert(x11AtomNames.size() == static_cast<std::size_t>(X11Atom::netWmName) + 1);
+static_assert(x11AtomNames.size() == static_cast<std::size_t>(X11Atom::lock) + 1);
 
 } // namespace ambrel

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <functional>
 #include <future>
+#include <numeric>
 #include <thread>
 #include <utility>
 
@@ -121,7 +123,7 @@ std::vector<X11Atom> X11Connection::names(std::span<const xcb_atom_t> atoms) con
 void X11Connection::selectEvents(xcb_window_t window, std::uint32_t mask, X11Listener listener) {
     auto& masks = selected_[window];
     masks[static_cast<std::size_t>(listener)] = mask;
-    const std::uint32_t all = masks[0] | masks[1] | masks[2];
+    const std::uint32_t all = std::accumulate(masks.begin(), masks.end(), 0U, std::bit_or());
     if (all == XCB_EVENT_MASK_NO_EVENT) {
         selected_.erase(window);
     }

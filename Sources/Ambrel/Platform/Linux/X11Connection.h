@@ -29,7 +29,8 @@ struct FreeDeleter {
 template <typename Message> using X11Message = std::unique_ptr<Message, FreeDeleter>;
 
 /// On whose behalf a window's events are asked for.
-enum class X11Listener { windows, tray, statusItem };
+enum class X11Listener { windows, tray, statusItem, session };
+inline constexpr std::size_t x11ListenerCount = 4;
 
 /// Our own connection to the X server, pumped by the event loop.
 class X11Connection {
@@ -83,7 +84,7 @@ private:
     xcb_connection_t* connection_;
     xcb_screen_t* screen_ = nullptr;
     int screenNumber_;
-    std::unordered_map<xcb_window_t, std::array<std::uint32_t, 3>> selected_; ///< by listener
+    std::unordered_map<xcb_window_t, std::array<std::uint32_t, x11ListenerCount>> selected_; ///< by listener
     std::vector<xcb_atom_t> atoms_;
     bool hasResource_ = false;
     bool hasMonitors_ = false;
