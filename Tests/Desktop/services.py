@@ -41,6 +41,15 @@ class Logind(Program):
     def prepare_for_sleep(self, begins):
         self._mock(LOGIN_PATH).EmitSignal(LOGIN + ".Manager", "PrepareForSleep", "b", [begins])
 
+    def prepare_for_shutdown(self, begins):
+        self._mock(LOGIN_PATH).EmitSignal(LOGIN + ".Manager", "PrepareForShutdown", "b", [begins])
+
+
+class Occupant(Program):
+    def __init__(self, *arguments):
+        super().__init__([PYTHON, "-B", str(FOLDER / "occupant.py"), *arguments], name=arguments[0])
+        self.wait_for("is there")
+
 
 class ScreenSaver(Program):
     def __init__(self, name="org.freedesktop.ScreenSaver", path="/ScreenSaver", begin="off"):

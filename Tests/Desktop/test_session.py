@@ -9,14 +9,18 @@ import dbus
 import desktop_test
 import services
 from desktop_test import SUBJECT, DesktopTest
-from services import LOCKED, UNLOCKED, Logind, ScreenSaver
+from services import LOCKED, UNLOCKED, Logind, Occupant, ScreenSaver
 
 WAITING_LIMIT_SECONDS = 1.5
+ENDING = "systemstate: login session "
 
 
 class Session(DesktopTest):
     def start_logind(self, **properties):
         return self.keep(Logind(**properties))
+
+    def start_occupant(self, *arguments):
+        return self.keep(Occupant(*arguments))
 
     def start_saver(self, *arguments):
         return self.keep(ScreenSaver(*arguments))
@@ -68,7 +72,10 @@ class Session(DesktopTest):
     def test_every_screen_saver(self):
         for name, path in (("org.freedesktop.ScreenSaver", "/org/freedesktop/ScreenSaver"),
                            ("org.freedesktop.ScreenSaver", "/ScreenSaver"),
-                           ("org.gnome.ScreenSaver", "/org/gnome/ScreenSaver")):
+                           ("org.gnome.ScreenSaver", "/org/gnome/ScreenSaver"),
+                           ("org.mate.ScreenSaver", "/"),
+                           ("org.cinnamon.ScreenSaver", "/org/cinnamon/ScreenSaver"),
+                           ("org.xfce.ScreenSaver", "/")):
             with self.subTest(path):
                 saver = self.start_saver(name, path, "on")
                 ambrel = self.start_ambrel()
@@ -81,6 +88,29 @@ class Session(DesktopTest):
                     ambrel.wait_for(LOCKED + "SUSPENDED", after=begin)
                 ambrel.stop()
                 saver.stop()
+
+    def test_locker_that_tells_nobody(self):
+        ambrel, subject = self.start_with_subject()
+        locker = self.start("i3lock", "--nofork")
+        ambrel.wait_for(LOCKED + "SUSPENDED")
+        subject.say("destroy 1")
+        self.wait_for_decision(ambrel, "skipped(screen-locked)", subject)
+        locker.stop()
+        self.check_trusted_again(ambrel, subject)
+
+    def test_session_that_ends_or_stays(self):
+        logind = self.start_logind()
+        manager = self.start_occupant("xfce")
+        ambrel = self.start_ambrel()
+        for begin, call_off in ((lambda: logind.prepare_for_shutdown(True), lambda: logind.prepare_for_shutdown(False)),
+                                (lambda: manager.say("1 3"), lambda: manager.say("4 1"))):
+            mark = len(ambrel.lines)
+            begin()
+            ambrel.wait_for(ENDING + "is ending — last-window quits SUSPENDED", after=mark)
+            subject = self.close_without_quit(ambrel, "skipped(session-ending)")
+            call_off()
+            ambrel.wait_for(ENDING + "stays — last-window quits resumed", after=mark)
+            self.check_left_alone(ambrel, subject)
 
     def test_screen_saver_dies_and_logind_is_asked(self):
         logind, saver = self.start_logind(), self.start_saver()

@@ -9,6 +9,8 @@ from programs import wait_until
 
 Window = collections.namedtuple("Window", "id pid wm_class title")
 
+CAN_MINIMISE = os.environ.get("AMBREL_DESKTOP_WM") != "i3"
+
 _manager_pid = int(os.environ.get("AMBREL_DESKTOP_WM_PID", 0))
 _later_managers = []
 

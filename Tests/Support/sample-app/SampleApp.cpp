@@ -36,7 +36,7 @@ int SampleApp::run() {
         std::array<pollfd, 3> sources{{{xcb_get_file_descriptor(display_.connection()), POLLIN, 0},
                                        {signals_, POLLIN, 0},
                                        {inputEnded_ ? -1 : STDIN_FILENO, POLLIN, 0}}};
-        poll(sources.data(), sources.size(), -1);
+        poll(sources.data(), sources.size(), finished_ ? 0 : -1);
         if (sources[1].revents != 0) {
             readSignal();
         }
@@ -82,6 +82,9 @@ void SampleApp::handle(const xcb_generic_event_t& event) {
         const xcb_window_t gone = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
         say("window 0x{:x} destroyed", gone);
         std::erase_if(windows_, [gone](const auto& entry) { return entry.second == gone; });
+        if (windows_.empty() && !savedFile_.empty()) {
+            save();
+        }
         break;
     }
     case XCB_CLIENT_MESSAGE: {

@@ -15,8 +15,8 @@ namespace ambrel::sample {
 /// What the application does when it is asked to close a window.
 enum class DeleteAnswer { destroy, ignore, confirm };
 
-/// An application whose windows and manners are driven by lines of text. It lives on without windows; only SIGTERM or
-/// the end of its display end it.
+/// An application whose windows and manners are driven by lines of text. It lives on without windows; only SIGTERM, the
+/// end of its display or, if it was told to save, that of its last window end it.
 class SampleApp {
 public:
     explicit SampleApp(Options options);
@@ -26,7 +26,9 @@ public:
 
 private:
     void execute(const std::string& line);
-    [[nodiscard]] bool executeOnWindow(const std::string& verb, xcb_window_t window);
+    [[nodiscard]] bool executeOnWindow(const std::string& verb, const std::string& rest, xcb_window_t window);
+    /// Writes for four seconds, and ends.
+    void save();
     void open(bool isDialog);
 
     void readInput();
@@ -48,6 +50,7 @@ private:
     int opened_ = 0;
     std::string input_;
     DeleteAnswer deleteAnswer_ = DeleteAnswer::destroy;
+    std::string savedFile_; ///< written after the last window has gone; empty for an application that lives on
     bool ignoresTerm_ = false;
     bool inputEnded_ = false;
     bool finished_ = false;

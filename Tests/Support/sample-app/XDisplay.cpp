@@ -43,14 +43,18 @@ xcb_window_t XDisplay::create(const Options& options, bool isDialog, xcb_window_
     setText(window, "WM_CLASS", XCB_ATOM_STRING, options.instance + '\0' + options.className + '\0');
     setText(window, "WM_CLIENT_MACHINE", XCB_ATOM_STRING, options.machine);
     setNumber(window, "WM_PROTOCOLS", XCB_ATOM_ATOM, atom("WM_DELETE_WINDOW"));
-    setNumber(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM,
-              atom(isDialog ? "_NET_WM_WINDOW_TYPE_DIALOG" : "_NET_WM_WINDOW_TYPE_NORMAL"));
+    setType(window, isDialog ? "DIALOG" : "NORMAL");
     setNumber(window, "_NET_WM_PID", XCB_ATOM_CARDINAL,
               static_cast<std::uint32_t>(std::strtoul(options.pid.c_str(), nullptr, 10)));
     if (parent != XCB_NONE) {
         setNumber(window, "WM_TRANSIENT_FOR", XCB_ATOM_WINDOW, parent);
     }
     return window;
+}
+
+void XDisplay::setType(xcb_window_t window, const std::string& type) {
+    setNumber(window, "_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, atom("_NET_WM_WINDOW_TYPE_" + type));
+    xcb_flush(connection());
 }
 
 void XDisplay::map(xcb_window_t window) {

@@ -24,6 +24,8 @@ public:
 
     /// Created with all its properties, not yet mapped.
     [[nodiscard]] xcb_window_t create(const Options& options, bool isDialog = false, xcb_window_t parent = XCB_NONE);
+    /// `type` is the end of an atom's name, like "DOCK".
+    void setType(xcb_window_t window, const std::string& type);
     void map(xcb_window_t window);
     void destroy(xcb_window_t window);
     /// Unmapped as ICCCM 4.1.4 wants it, so that a window manager lets go of the window.
