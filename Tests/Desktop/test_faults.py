@@ -18,9 +18,10 @@ NO_NOTIFICATION = "error notify: notification (add|authorization) failed: "
 
 
 class Faults(DesktopTest):
-    def start_with_heartbeat(self, **arguments):
+    def start_with_heartbeat(self, defaults=None, **arguments):
+        """Without the setting by which a service that hangs keeps applications."""
         Heartbeat.install()
-        ambrel = self.start_ambrel(**arguments)
+        ambrel = self.start_ambrel(defaults={"keepBusyApps": False, **(defaults or {})}, **arguments)
         return ambrel, self.keep(Heartbeat(ambrel))
 
     def check_heartbeat(self, heartbeat):

@@ -10,7 +10,7 @@ from programs import wait_until
 
 class RealApplications(DesktopTest):
     def open_emacs(self):
-        emacs = self.start("emacs", "--fg-daemon", "--no-init-file")
+        emacs = self.start("emacs", "--fg-daemon")
         wait_until(lambda: self.ask_emacs("--eval", "t"), "Emacs answers", 30)
         return emacs
 

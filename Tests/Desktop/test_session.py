@@ -133,8 +133,12 @@ class Session(DesktopTest):
             ambrel = self.start_ambrel()
             self.check_start(ambrel)
             self.assertEqual(1, ambrel.count("logind is not there or doesn't answer"))
-            self.check_left_alone(ambrel)
+            subject = self.start_subject(ambrel)
+            subject.say("destroy 1")
+            # Nobody says that it blocks nothing.
+            self.wait_for_decision(ambrel, "skipped(no-answer)", subject)
             os.kill(pid, signal.SIGCONT)
+            self.wait_until_quit(ambrel, subject)
             logind.update(LockedHint=True)
             ambrel.wait_for(LOCKED + "SUSPENDED")
             ambrel.stop()

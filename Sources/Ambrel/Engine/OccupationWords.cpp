@@ -9,7 +9,7 @@ const char* word(Occupation occupation) {
     case Occupation::inhibiting:
         return "blocking sleep or logout";
     case Occupation::unknown:
-        return "not to be asked whether it plays";
+        return "perhaps playing (no answer)";
     }
     return "?";
 }
