@@ -24,7 +24,8 @@ TEST(ProcFilesTests, WorkIsReadFromStatAndIo) {
     ASSERT_TRUE(facts);
     EXPECT_EQ(facts->state, 'D');
     EXPECT_EQ(facts->processorTicks, 3124);
-    for (const auto* const broken : {"", "42 (cat) S 1 2", "42 (cat) S 1 2 3 4 5 6 7 8 9 10 100 20 3000", "42 cat D"}) {
+    for (const auto* const broken : {"", "42 (cat) S 1 2", "42 (cat)S 1 2 3 4 5 6 7 8 9 10 1 2 3 4",
+                                     "42 (cat) S 1 2 3 4 5 6 7 8 9 10 100 20 3000", "42 cat D"}) {
         EXPECT_FALSE(parseStat(broken)) << broken;
     }
     const auto io = "rchar: 1\nwchar: 22\nread_bytes: 3\nwrite_bytes: 44\ncancelled_write_bytes: 5\n";
@@ -32,7 +33,7 @@ TEST(ProcFilesTests, WorkIsReadFromStatAndIo) {
     EXPECT_EQ(labelledNumber(io, "write_bytes"), 44);
     EXPECT_FALSE(labelledNumber(io, "bytes"));
     EXPECT_FALSE(labelledNumber("wchar: many\n", "wchar"));
-    EXPECT_EQ(parseNumbers("12 345 x 6\n"), (std::vector<ProcessId>{12, 345}));
+    EXPECT_EQ(parseNumbers("12 345 x -1 0 6\n"), (std::vector<ProcessId>{12, 345}));
     EXPECT_EQ(parseInnermostId("Pid:\t9\nNSpid:\t9\t7\t2\nNSpgid:\t1\n"), 2);
     EXPECT_FALSE(parseInnermostId("Pid:\t9\n"));
 }

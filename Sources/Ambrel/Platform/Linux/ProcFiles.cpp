@@ -93,9 +93,10 @@ namespace {
 /// The fields of a "stat" from the third on, the state.
 std::vector<std::string_view> fieldsAfterName(std::string_view stat) {
     // The name in parentheses may hold anything, parentheses and blanks too.
-    const auto nameEnd = stat.rfind(')');
-    const bool found = nameEnd != std::string_view::npos && nameEnd + 2 <= stat.size();
-    return found ? split(stat.substr(nameEnd + 2), ' ') : std::vector<std::string_view>();
+    constexpr std::string_view nameEnd = ") ";
+    const auto found = stat.rfind(nameEnd);
+    return found != std::string_view::npos ? split(stat.substr(found + nameEnd.size()), ' ')
+                                           : std::vector<std::string_view>();
 }
 
 } // namespace
@@ -132,7 +133,7 @@ std::optional<std::uint64_t> labelledNumber(std::string_view text, std::string_v
 std::vector<ProcessId> parseNumbers(std::string_view text) {
     std::vector<ProcessId> numbers;
     for (const auto part : split(text, ' ')) {
-        if (const auto number = parseWhole<ProcessId>(part)) {
+        if (const auto number = parseWhole<ProcessId>(part); number && *number > 0) {
             numbers.push_back(*number);
         }
     }
