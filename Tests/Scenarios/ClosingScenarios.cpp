@@ -246,6 +246,16 @@ TEST_F(Closing, AWindowThatComesBackBeforeTheRequestIsSentDropsIt) {
     EXPECT_THAT(terminated(), IsEmpty());
     EXPECT_THAT(decisions(), IsEmpty());
     app.closeWindows();
+    desktop.advance(3);
+    app.openWindow();
+    desktop.advance(0.1);
+    app.closeWindows();
+    desktop.advance(1);
+    EXPECT_THAT(terminated(), IsEmpty()) << "of the window that came, none is left";
+    app.openWindow();
+    desktop.advance(60);
+    EXPECT_THAT(decisions(), IsEmpty());
+    app.closeWindows();
     desktop.advance(2);
     desktop.windowList().setReadable(false);
     desktop.advance(3);
