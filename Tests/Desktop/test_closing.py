@@ -2,7 +2,6 @@
 playing, asked already."""
 import pathlib
 import subprocess
-import time
 
 import desktop_test
 from desktop_test import SUBJECT, DesktopTest
@@ -70,7 +69,7 @@ class Closing(DesktopTest):
         subject.say("withdraw 1")
         ambrel.wait_for(f"{SUBJECT} windows 2->1 ")
         # What leaves within a quarter of a second counts as leaving at once.
-        time.sleep(0.5)
+        self.check_left_alone(ambrel, subject)
         subject.say("destroy 2")
         self.wait_until_quit(ambrel, subject)
         hidden = self.start_subject(ambrel)

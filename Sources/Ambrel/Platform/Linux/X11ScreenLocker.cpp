@@ -2,6 +2,7 @@
 
 #include "Platform/Linux/X11ClientSearch.h"
 #include "Platform/Linux/X11Property.h"
+#include "Platform/Linux/X11WindowQuery.h"
 
 #include <algorithm>
 #include <utility>
@@ -15,15 +16,15 @@ constexpr Seconds looks[] = {Seconds(0), Seconds(0.1), Seconds(0.5), Seconds(2)}
 /// One leaves a pixel free on each side.
 constexpr double nearlyAll = 0.98;
 
-bool covers(const xcb_get_window_attributes_reply_t& attributes, const xcb_get_geometry_reply_t& geometry,
-            const xcb_screen_t& screen) {
-    const auto span = [](int begin, int length, int limit) {
-        return std::max(0, std::min(begin + length, limit) - std::max(begin, 0));
+bool covers(const X11Top& top, const xcb_screen_t& screen) {
+    if (!top.overrideRedirect || !top.bounds) {
+        return false;
+    }
+    const auto span = [](double begin, double length, double limit) {
+        return std::min(begin + length, limit) - std::max(begin, 0.0);
     };
-    const double width = span(geometry.x, geometry.width, screen.width_in_pixels);
-    const double height = span(geometry.y, geometry.height, screen.height_in_pixels);
-    return attributes.override_redirect != 0 && attributes.map_state == XCB_MAP_STATE_VIEWABLE &&
-           width >= nearlyAll * screen.width_in_pixels && height >= nearlyAll * screen.height_in_pixels;
+    return span(top.bounds->x, top.bounds->width, screen.width_in_pixels) >= nearlyAll * screen.width_in_pixels &&
+           span(top.bounds->y, top.bounds->height, screen.height_in_pixels) >= nearlyAll * screen.height_in_pixels;
 }
 
 } // namespace
@@ -96,37 +97,17 @@ void X11ScreenLocker::set(bool& flag, bool value) {
 }
 
 bool X11ScreenLocker::isScreenCovered() const {
-    const auto windows = coveringWindows();
-    const auto clients = findX11Clients(connection_, mirror_, windows);
+    std::vector<xcb_window_t> covering;
+    for (const auto& top :
+         visibleX11Tops(connection_, [](xcb_window_t) { return false; }).value_or(std::vector<X11Top>())) {
+        if (covers(top, connection_.screen())) {
+            covering.push_back(top.window);
+        }
+    }
+    const auto clients = findX11Clients(connection_, mirror_, covering);
     // The frame of a maximised window looks alike.
     return std::any_of(clients.begin(), clients.end(),
                        [](const auto& client) { return client.second == XCB_WINDOW_NONE; });
-}
-
-std::vector<xcb_window_t> X11ScreenLocker::coveringWindows() const {
-    auto* const raw = connection_.raw();
-    const X11Message<xcb_query_tree_reply_t> tree(
-        xcb_query_tree_reply(raw, xcb_query_tree(raw, connection_.root()), nullptr));
-    std::vector<xcb_window_t> windows;
-    if (tree) {
-        const auto* const children = xcb_query_tree_children(tree.get());
-        windows.assign(children, children + xcb_query_tree_children_length(tree.get()));
-    }
-    std::vector<std::pair<xcb_get_window_attributes_cookie_t, xcb_get_geometry_cookie_t>> questions;
-    for (const auto window : windows) {
-        questions.emplace_back(xcb_get_window_attributes(raw, window), xcb_get_geometry(raw, window));
-    }
-    std::vector<xcb_window_t> covering;
-    for (std::size_t index = 0; index < windows.size(); ++index) {
-        const X11Message<xcb_get_window_attributes_reply_t> attributes(
-            xcb_get_window_attributes_reply(raw, questions[index].first, nullptr));
-        const X11Message<xcb_get_geometry_reply_t> geometry(
-            xcb_get_geometry_reply(raw, questions[index].second, nullptr));
-        if (attributes && geometry && covers(*attributes, *geometry, connection_.screen())) {
-            covering.push_back(windows[index]);
-        }
-    }
-    return covering;
 }
 
 /// The first word is 0, or the atom "BLANK" or "LOCK".

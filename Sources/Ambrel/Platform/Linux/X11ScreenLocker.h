@@ -35,7 +35,6 @@ private:
     void lookForCover();
     void set(bool& flag, bool value);
     [[nodiscard]] bool isScreenCovered() const;
-    [[nodiscard]] std::vector<xcb_window_t> coveringWindows() const;
     [[nodiscard]] bool readStatus() const;
 
     X11Connection& connection_;

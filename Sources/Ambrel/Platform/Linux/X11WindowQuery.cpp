@@ -89,4 +89,45 @@ X11IdentityReading X11IdentityQuery::take() const {
     return reading;
 }
 
+std::optional<Rect> boundsOf(const X11Message<xcb_get_geometry_reply_t>& geometry) {
+    if (!geometry) {
+        return std::nullopt;
+    }
+    const int borders = 2 * geometry->border_width;
+    return Rect{.x = static_cast<double>(geometry->x),
+                .y = static_cast<double>(geometry->y),
+                .width = static_cast<double>(geometry->width + borders),
+                .height = static_cast<double>(geometry->height + borders)};
+}
+
+std::optional<std::vector<X11Top>> visibleX11Tops(X11Connection& connection,
+                                                  const std::function<bool(xcb_window_t)>& isLeftOut) {
+    auto* const raw = connection.raw();
+    const X11Message<xcb_query_tree_reply_t> tree(
+        xcb_query_tree_reply(raw, xcb_query_tree(raw, connection.root()), nullptr));
+    if (!tree) {
+        return std::nullopt;
+    }
+    std::vector<xcb_window_t> children(xcb_query_tree_children(tree.get()),
+                                       xcb_query_tree_children(tree.get()) +
+                                           xcb_query_tree_children_length(tree.get()));
+    std::erase_if(children, isLeftOut);
+    std::vector<std::pair<xcb_get_window_attributes_cookie_t, xcb_get_geometry_cookie_t>> cookies;
+    for (const auto child : children) {
+        cookies.emplace_back(xcb_get_window_attributes(raw, child), xcb_get_geometry(raw, child));
+    }
+    std::vector<X11Top> tops;
+    for (std::size_t index = 0; index < children.size(); ++index) {
+        const X11Message<xcb_get_window_attributes_reply_t> attributes(
+            xcb_get_window_attributes_reply(raw, cookies[index].first, nullptr));
+        const X11Message<xcb_get_geometry_reply_t> geometry(
+            xcb_get_geometry_reply(raw, cookies[index].second, nullptr));
+        if (attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE &&
+            attributes->_class == XCB_WINDOW_CLASS_INPUT_OUTPUT) {
+            tops.push_back({children[index], attributes->override_redirect != 0, boundsOf(geometry)});
+        }
+    }
+    return tops;
+}
+
 } // namespace ambrel

@@ -3,6 +3,10 @@
 #include "Platform/Linux/WindowOwnership.h"
 #include "Platform/Linux/X11Property.h"
 #include "Platform/Linux/X11WindowTraits.h"
+#include "Platform/WindowServer.h"
+
+#include <functional>
+#include <vector>
 
 #include <xcb/res.h>
 
@@ -40,6 +44,20 @@ private:
     X11PropertyRequest wmState_;
     X11PropertyRequest transientFor_;
 };
+
+/// A child of the root that can be seen.
+struct X11Top {
+    xcb_window_t window;
+    bool overrideRedirect;
+    std::optional<Rect> bounds;
+};
+
+/// The children of the root that can be seen, from the lowest up, without those that `isLeftOut`. Takes two exchanges
+/// with the server, however many there are; absent if it does not answer.
+[[nodiscard]] std::optional<std::vector<X11Top>> visibleX11Tops(X11Connection& connection,
+                                                                const std::function<bool(xcb_window_t)>& isLeftOut);
+/// With the borders; absent for a window that is gone.
+[[nodiscard]] std::optional<Rect> boundsOf(const X11Message<xcb_get_geometry_reply_t>& geometry);
 
 struct X11IdentityReading {
     OwnershipClaims claims;

@@ -21,17 +21,6 @@ constexpr int panelLayer = 20;
 constexpr int overlayLayer = 101;
 constexpr auto opaque = std::numeric_limits<std::uint32_t>::max();
 
-std::optional<Rect> bounds(const X11Message<xcb_get_geometry_reply_t>& geometry) {
-    if (!geometry) {
-        return std::nullopt;
-    }
-    const int borders = 2 * geometry->border_width;
-    return Rect{.x = static_cast<double>(geometry->x),
-                .y = static_cast<double>(geometry->y),
-                .width = static_cast<double>(geometry->width + borders),
-                .height = static_cast<double>(geometry->height + borders)};
-}
-
 int layerOfKind(WindowKind kind) {
     switch (kind) {
     case WindowKind::panel:
@@ -81,7 +70,7 @@ X11WindowServer::X11WindowServer(X11Connection& connection, const X11WindowMirro
     : connection_(connection), mirror_(mirror) {}
 
 std::optional<std::vector<WindowInfo>> X11WindowServer::onScreenWindows(ProcessId owner) const {
-    const auto tops = visibleTops(owner);
+    const auto tops = visibleX11Tops(connection_, [&](xcb_window_t top) { return belongsToAnother(top, owner); });
     if (!tops) {
         return std::nullopt;
     }
@@ -111,7 +100,7 @@ std::optional<std::vector<WindowInfo>> X11WindowServer::onScreenWindows(ProcessI
     return list;
 }
 
-WindowInfo X11WindowServer::info(const Top& top, xcb_window_t client, const Details& ofTop,
+WindowInfo X11WindowServer::info(const X11Top& top, xcb_window_t client, const Details& ofTop,
                                  const Details& ofClient) const {
     const auto* const known = mirror_.find(client);
     return {.ownerPID = known != nullptr ? likelyOwner(known->ownership) : ofClient.owner,
@@ -121,42 +110,13 @@ WindowInfo X11WindowServer::info(const Top& top, xcb_window_t client, const Deta
             .kind = ofClient.kind};
 }
 
-std::optional<std::vector<X11WindowServer::Top>> X11WindowServer::visibleTops(ProcessId owner) const {
-    auto* const raw = connection_.raw();
-    const X11Message<xcb_query_tree_reply_t> tree(
-        xcb_query_tree_reply(raw, xcb_query_tree(raw, connection_.root()), nullptr));
-    if (!tree) {
-        return std::nullopt;
-    }
-    std::vector<xcb_window_t> children(xcb_query_tree_children(tree.get()),
-                                       xcb_query_tree_children(tree.get()) +
-                                           xcb_query_tree_children_length(tree.get()));
-    std::erase_if(children, [&](xcb_window_t child) { return belongsToAnother(child, owner); });
-    std::vector<std::pair<xcb_get_window_attributes_cookie_t, xcb_get_geometry_cookie_t>> cookies;
-    for (const auto child : children) {
-        cookies.emplace_back(xcb_get_window_attributes(raw, child), xcb_get_geometry(raw, child));
-    }
-    std::vector<Top> tops;
-    for (std::size_t index = 0; index < children.size(); ++index) {
-        const X11Message<xcb_get_window_attributes_reply_t> attributes(
-            xcb_get_window_attributes_reply(raw, cookies[index].first, nullptr));
-        const X11Message<xcb_get_geometry_reply_t> geometry(
-            xcb_get_geometry_reply(raw, cookies[index].second, nullptr));
-        if (attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE &&
-            attributes->_class == XCB_WINDOW_CLASS_INPUT_OUTPUT) {
-            tops.push_back({children[index], attributes->override_redirect != 0, bounds(geometry)});
-        }
-    }
-    return tops;
-}
-
 /// A question about one application must not grow with the number of the others.
 bool X11WindowServer::belongsToAnother(xcb_window_t top, ProcessId owner) const {
     const auto* const known = mirror_.findByTop(top);
     return known != nullptr && known->ownership.process && known->ownership.process != owner;
 }
 
-int X11WindowServer::layer(const Top& top, xcb_window_t client) const {
+int X11WindowServer::layer(const X11Top& top, xcb_window_t client) const {
     if (const auto* const known = mirror_.find(client)) {
         return layerOfKind(known->window.kind);
     }
@@ -193,7 +153,7 @@ std::optional<std::vector<Rect>> X11WindowServer::monitors() const {
 
 std::optional<Rect> X11WindowServer::screenBounds() const {
     auto* const raw = connection_.raw();
-    return bounds(X11Message<xcb_get_geometry_reply_t>(
+    return boundsOf(X11Message<xcb_get_geometry_reply_t>(
         xcb_get_geometry_reply(raw, xcb_get_geometry(raw, connection_.root()), nullptr)));
 }
 

@@ -9,6 +9,7 @@
 namespace ambrel {
 
 class X11WindowMirror;
+struct X11Top;
 
 /// The X server's own view of what is on the screen, asked afresh each time.
 class X11WindowServer final : public WindowServer {
@@ -20,18 +21,12 @@ public:
     [[nodiscard]] std::optional<std::vector<Rect>> onlineDisplays(std::size_t limit) const override;
 
 private:
-    struct Top {
-        xcb_window_t window;
-        bool overrideRedirect;
-        std::optional<Rect> bounds;
-    };
     struct Details;
     class DetailQuery;
-    [[nodiscard]] std::optional<std::vector<Top>> visibleTops(ProcessId owner) const;
     [[nodiscard]] bool belongsToAnother(xcb_window_t top, ProcessId owner) const;
-    [[nodiscard]] WindowInfo info(const Top& top, xcb_window_t client, const Details& ofTop,
+    [[nodiscard]] WindowInfo info(const X11Top& top, xcb_window_t client, const Details& ofTop,
                                   const Details& ofClient) const;
-    [[nodiscard]] int layer(const Top& top, xcb_window_t client) const;
+    [[nodiscard]] int layer(const X11Top& top, xcb_window_t client) const;
     [[nodiscard]] std::optional<std::vector<Rect>> monitors() const;
     [[nodiscard]] std::optional<Rect> screenBounds() const;
 
